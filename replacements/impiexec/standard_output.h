@@ -1,0 +1,15 @@
+// impiexec's standard output, shared by the threads that relay the solvers' output. Nothing is
+// buffered: a reader sees every chunk at once, and a kill loses nothing.
+#pragma once
+
+#include <string_view>
+
+namespace impiexec {
+
+/// Writes `bytes` in one piece: no other thread's bytes get in between.
+void WriteOutput(std::string_view bytes);
+
+/// Writes `text` and a line end.
+void WriteOutputLine(std::string_view text);
+
+}  // namespace impiexec
