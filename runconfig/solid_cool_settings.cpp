@@ -1,0 +1,22 @@
+#include "runconfig/solid_cool_settings.h"
+
+#include <string_view>
+
+#include "runconfig/cmx_section_reader.h"
+#include "support/numbers.h"
+
+namespace qvx {
+
+int ReadSolidCoolSettings(const char* path, std::int32_t& flag) {
+  flag = 0;
+  ReadCmxSection(path, "SOLID_COOL", [&](CmxSetting setting) {
+    // Unlike the other sections, this one takes every space out of the value too.
+    RemoveAllSpaces(setting.value);
+    if (std::string_view(setting.key) == "Flag3DSolidCoolingChannel") {
+      flag = ParseInteger(setting.value);
+    }
+  });
+  return 0;
+}
+
+}  // namespace qvx

@@ -1,0 +1,59 @@
+// How the launcher gives up: one line on standard error, then the end of the process with
+// kFaultStatus, without countdown. Reserved for what no run can survive: a text that its field
+// cannot hold, a count or a buffer that cannot be allocated. A child that runs is ended first, so
+// that no solver is orphaned. Main thread only.
+#pragma once
+
+#include <cstddef>
+#include <exception>
+#include <vector>
+
+namespace qvx {
+
+constexpr int kFaultStatus = -2;
+
+/// `width`: the field's width in characters, terminating zero included. `length`: the characters
+/// that came, without it.
+[[noreturn]] void FaultTextTooLong(const char* field, std::size_t width, std::size_t length);
+
+/// `count`: the elements that could not be allocated.
+[[noreturn]] void FaultCannotAllocate(const char* field, std::size_t count);
+
+/// Makes every failed allocation a fault, so that none becomes an exception that leaves an
+/// operation half done.
+void InstallOutOfMemoryFault();
+
+/// While one lives, a fault calls `end(child)` before it ends the process. One at a time.
+class EndChildOnFault {
+ public:
+  EndChildOnFault(void (*end)(void* child), void* child);
+  ~EndChildOnFault();
+  EndChildOnFault(const EndChildOnFault&) = delete;
+  EndChildOnFault& operator=(const EndChildOnFault&) = delete;
+};
+
+/// Lets failed allocations throw while it lives: for a count that a file gave, whose fault names
+/// the field.
+class OutOfMemoryThrows {
+ public:
+  OutOfMemoryThrows();
+  ~OutOfMemoryThrows();
+  OutOfMemoryThrows(const OutOfMemoryThrows&) = delete;
+  OutOfMemoryThrows& operator=(const OutOfMemoryThrows&) = delete;
+
+ private:
+  void (*handler_)();
+};
+
+/// A vector of `count` value-initialised elements, or a fault that names `field`.
+template <typename Element>
+std::vector<Element> AllocateCounted(const char* field, std::size_t count) {
+  const OutOfMemoryThrows throws;
+  try {
+    return std::vector<Element>(count);
+  } catch (const std::exception&) {
+    FaultCannotAllocate(field, count);
+  }
+}
+
+}  // namespace qvx
