@@ -1,0 +1,128 @@
+#include "execution/child_process.h"
+
+#include "execution/console_log.h"
+#include "execution/console_pump.h"
+#include "launcher/debug_trace.h"
+#include "launcher/process_wide_values.h"
+#include "support/console.h"
+#include "support/fault.h"
+
+namespace qvx {
+namespace {
+
+/// The ends that the child inherits are named without "its": hChildStdOUT_Wr and hChildStdIN_Rd.
+struct ChildPipes {
+  HANDLE hChildStdOUTRd = nullptr;
+  HANDLE hChildStdOUT_Wr = nullptr;
+  HANDLE hChildStdIN_Rd = nullptr;
+  HANDLE hChildStdINWr = nullptr;
+};
+
+/// A failure is reported and the launch goes on with the handles that there are.
+ChildPipes CreateChildPipes() {
+  ChildPipes pipes;
+  SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
+  if (CreatePipe(&pipes.hChildStdOUTRd, &pipes.hChildStdOUT_Wr, &inheritable, 0) == 0) {
+    Print("Failed to createpipe (hChildStdOUT)\n");
+  }
+  if (SetHandleInformation(pipes.hChildStdOUTRd, HANDLE_FLAG_INHERIT, 0) == 0) {
+    Print("Failed to SetHandleInformation (hChildStdOUTRd)\n");
+  }
+  if (CreatePipe(&pipes.hChildStdIN_Rd, &pipes.hChildStdINWr, &inheritable, 0) == 0) {
+    Print("Failed to CreatePipe (hChildStdIN)\n");
+  }
+  if (SetHandleInformation(pipes.hChildStdINWr, HANDLE_FLAG_INHERIT, 0) == 0) {
+    Print("Failed to SetHandleInformation (hChildStdINWr)\n");
+  }
+  return pipes;
+}
+
+STARTUPINFOA RedirectedStartup(const ChildPipes& pipes) {
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdInput = pipes.hChildStdIN_Rd;
+  startup.hStdOutput = pipes.hChildStdOUT_Wr;
+  startup.hStdError = pipes.hChildStdOUT_Wr;
+  return startup;
+}
+
+/// A failure is reported and the run goes on without a log.
+HANDLE CreateLog(const std::string& path) {
+  const HANDLE log = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                 nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (log == INVALID_HANDLE_VALUE) {
+    const DWORD error = GetLastError();
+    PrintUnflushed("CreateFile(%s)::INVALID_HANDLE_VALUE LastError=%d\n", path.c_str(),
+                   static_cast<int>(error));
+  }
+  return log;
+}
+
+/// The child holds its own copies. As long as the launcher held these, the child would never see
+/// the end of its input, nor the pump the end of the child's output.
+void CloseChildEnds(const ChildPipes& pipes) {
+  if (CloseHandle(pipes.hChildStdOUT_Wr) == 0) {
+    PrintUnflushed("Failed to CLoseHandle (hChildStdOUT_Wr)\n");
+  }
+  if (CloseHandle(pipes.hChildStdINWr) == 0) {
+    PrintUnflushed("Failed to CLoseHandle (hChildStdIN_Wr)\n");
+  }
+  if (CloseHandle(pipes.hChildStdIN_Rd) == 0) {
+    PrintUnflushed("Failed to CLoseHandle (hChildStdIN_Rd)\n");
+  }
+}
+
+void EndProcess(void* process) { TerminateProcess(process, static_cast<UINT>(kFaultStatus)); }
+
+}  // namespace
+
+int Launch(LauncherContext& context, const LaunchKind& kind) {
+  const ConsoleLogNames logNames = NameConsoleLog(context, kind.modePrefix, LogTimestamp());
+  CleanUpOldLogs(context, logNames.cleanUpPattern);
+
+  const ChildPipes pipes = CreateChildPipes();
+  STARTUPINFOA startup = RedirectedStartup(pipes);
+  LaunchCommand command = kind.buildCommand(context);
+  Print("%s", kind.banner);
+  Trace(context, "\n\nCommandline=[%s]\n\n", command.commandLine.c_str());
+
+  PROCESS_INFORMATION process = {};
+  if (CreateProcessA(nullptr, command.commandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
+                     nullptr, nullptr, &startup, &process) == 0) {
+    const DWORD error = GetLastError();
+    // The pipes stay open here, deliberately: the launcher is about to end.
+    Print("CreateProcess [%s] failed. system error(%d)\n", command.commandLine.c_str(),
+          static_cast<int>(error));
+    return -1;
+  }
+  childProcessIdentifier = process.dwProcessId;
+  const EndChildOnFault endChildOnFault(EndProcess, process.hProcess);
+
+  const RunningChild child = {process.hProcess, CreateLog(logNames.path)};
+  const bool logIsOpen = child.log != INVALID_HANDLE_VALUE;
+  CloseChildEnds(pipes);
+  if (logIsOpen) {
+    if (kind.writeLogHeading != nullptr) kind.writeLogHeading(context, child.log);
+    WriteLog(context, child.log, "Commandline=[%s]\r\n", command.commandLine.c_str());
+  }
+  PumpConsole(context, kind, child, pipes.hChildStdOUTRd);
+  CloseHandle(kind.closesReadEnd ? pipes.hChildStdOUTRd : pipes.hChildStdOUT_Wr);
+
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD exitCode = static_cast<DWORD>(-1);
+  GetExitCodeProcess(process.hProcess, &exitCode);
+  CloseHandle(process.hProcess);
+  CloseHandle(process.hThread);
+
+  const int result = static_cast<int>(exitCode);
+  PrintUnflushed("\n>>> Return value of %s = %d\n", command.reportedPath.c_str(), result);
+  if (logIsOpen) {
+    WriteLog(context, child.log, ">>> Return value of %s = %d\r\n", command.reportedPath.c_str(),
+             result);
+    CloseHandle(child.log);
+  }
+  return result;
+}
+
+}  // namespace qvx

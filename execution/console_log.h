@@ -1,0 +1,39 @@
+// The console log of a launch: its name, the clean-up of earlier ones, and writing to it. The log
+// is a file in the run folder that receives what the child prints, as bytes, without any
+// translation of line ends.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "launcher/launcher_context.h"
+#include "support/printf_like.h"
+
+namespace qvx {
+
+/// "2024-03-05_09-07-02": local time, no milliseconds. Two launches of one mode and class within a
+/// second share a log name.
+std::string LogTimestamp();
+
+struct ConsoleLogNames {
+  std::string path;
+  std::string cleanUpPattern;  ///< matches the logs of the same mode and solver class
+};
+
+/// `modePrefix`: "console_redirect_serial_" and the like. The folder is the current run path.
+ConsoleLogNames NameConsoleLog(const LauncherContext& context, const char* modePrefix,
+                               const std::string& timestamp);
+
+/// Deletes what matches `pattern`, folders excepted. Returns the last-error code that ended the
+/// enumeration, normally ERROR_NO_MORE_FILES, or 0 when nothing matched.
+DWORD CleanUpOldLogs(const LauncherContext& context, const std::string& pattern);
+
+/// Formats into the context's scratch text and writes it. Returns -1 for a null handle, else the
+/// result of the write: nonzero for success. A text of more than 32767 characters is a fault.
+int WriteLog(LauncherContext& context, HANDLE log, const char* format, ...) QVX_PRINTF_LIKE(3, 4);
+
+/// Writes all of `text`, also when the system takes it in pieces. Returns nonzero for success.
+BOOL WriteWhole(HANDLE file, const char* text, DWORD length);
+
+}  // namespace qvx

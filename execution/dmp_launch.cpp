@@ -1,0 +1,41 @@
+#include "execution/dmp_launch.h"
+
+#include "execution/console_log.h"
+#include "execution/mpi_command_line.h"
+#include "execution/mpi_launch.h"
+#include "launcher/debug_trace.h"
+#include "launcher/locations.h"
+
+namespace qvx {
+namespace {
+
+LaunchCommand BuildDmpCommand(LauncherContext& context) {
+  return BuildMpiCommand(context, HostsList(context.remoteMachineSettings), context.remoteHomePath);
+}
+
+void WriteComputeNodes(LauncherContext& context, HANDLE log) {
+  WriteLog(context, log, "Used compute nodes:\r\n");
+  for (const MachineEntry& machine : context.remoteMachineSettings.machines) {
+    WriteLog(context, log, "%s:%s\r\n", machine.hostName, machine.taskCount);
+  }
+  WriteLog(context, log, "\r\n");
+}
+
+constexpr LaunchKind kDmpLaunch = {
+    .modePrefix = "console_redirect_dmp_",
+    .banner = kParallelBanner,
+    .buildCommand = BuildDmpCommand,
+    .writeLogHeading = WriteComputeNodes,
+    .endsPump = nullptr,
+    .closesReadEnd = false,
+};
+
+}  // namespace
+
+int LaunchDmp(LauncherContext& context) {
+  FormatCurrentRunPath(context);
+  Trace(context, "Current run path (remote) = %s\n", context.currentRunPath);
+  return Launch(context, kDmpLaunch);
+}
+
+}  // namespace qvx

@@ -1,0 +1,51 @@
+#include "execution/smp_launch.h"
+
+#include <string_view>
+
+#include "execution/console_log.h"
+#include "execution/mpi_command_line.h"
+#include "execution/mpi_launch.h"
+#include "support/console.h"
+
+namespace qvx {
+namespace {
+
+/// What the MPI process launcher prints when its process manager does not run.
+constexpr std::string_view kNoProcessManagerSign = "Unknown option: -d";
+
+constexpr const char* kStartProcessManagerAdvice =
+    "\nIntel(R) MPI Library(4.0) Process Manager(smpd) is not started!\n"
+    "Run the following command-line as Administrator to start smpd:\n"
+    "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install\n";
+
+LaunchCommand BuildSmpCommand(LauncherContext& context) {
+  return BuildMpiCommand(context, LocalProcesses(context.taskManagerSettings), context.homeFolder);
+}
+
+/// Looks at each chunk alone; a sign that two reads cut apart is not recognised, kept as it stands.
+bool EndWithoutProcessManager(LauncherContext& context, const RunningChild& child,
+                              const char* chunk) {
+  if (std::string_view(chunk).find(kNoProcessManagerSign) == std::string_view::npos) return false;
+  Print("%s", kStartProcessManagerAdvice);
+  TerminateProcess(child.process, static_cast<UINT>(kNoProcessManagerStatus));
+  // The log's line ends stay "\n" here, deliberately: the advice goes in as it was printed.
+  if (child.log != INVALID_HANDLE_VALUE) {
+    WriteLog(context, child.log, "%s", kStartProcessManagerAdvice);
+  }
+  return true;
+}
+
+constexpr LaunchKind kSmpLaunch = {
+    .modePrefix = "console_redirect_smp_",
+    .banner = kParallelBanner,
+    .buildCommand = BuildSmpCommand,
+    .writeLogHeading = nullptr,
+    .endsPump = EndWithoutProcessManager,
+    .closesReadEnd = true,
+};
+
+}  // namespace
+
+int LaunchSmp(LauncherContext& context) { return Launch(context, kSmpLaunch); }
+
+}  // namespace qvx
