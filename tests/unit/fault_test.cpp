@@ -1,0 +1,83 @@
+// How the launcher gives up: the line on standard error, the exit status, the child that is ended
+// first.
+#include "support/fault.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <new>
+
+#include "tests/support/fault_exit.h"
+
+namespace qvx {
+namespace {
+
+/// More than the tests' allocator grants.
+constexpr std::size_t kTooMany = 2'000'000'000;
+
+void AllocateTooMuch() { ::operator delete(::operator new(kTooMany)); }
+
+void ReportEnd(void* child) { std::fprintf(stderr, "ended %s\n", static_cast<char*>(child)); }
+
+char solver[] = "solver";
+
+TEST(FaultDeathTest, ATextThatIsTooLongIsNamedWithItsWidthAndLength) {
+  EXPECT_FAULT(FaultTextTooLong("run number", 32, 40), "run number is too long: width 32, length 40");
+}
+
+TEST(FaultDeathTest, ACountThatCannotBeAllocatedIsNamed) {
+  EXPECT_FAULT(FaultCannotAllocate("ValueNoMachine", 70000),
+               "ValueNoMachine cannot be allocated: count 70000");
+}
+
+TEST(FaultDeathTest, EndsTheChildBehindTheLine) {
+  const auto fault = [] {
+    const EndChildOnFault guard(ReportEnd, solver);
+    FaultTextTooLong("log", 8, 9);
+  };
+  EXPECT_FAULT(fault(), "log is too long: width 8, length 9\nended solver");
+}
+
+TEST(FaultDeathTest, LeavesAChildAloneWhoseGuardIsGone) {
+  const auto fault = [] {
+    { const EndChildOnFault guard(ReportEnd, solver); }
+    FaultTextTooLong("log", 8, 9);
+  };
+  EXPECT_FAULT(fault(), "log is too long: width 8, length 9");
+}
+
+TEST(FaultDeathTest, AFailedAllocationIsAFaultOnceInstalled) {
+  const auto allocate = [] {
+    InstallOutOfMemoryFault();
+    AllocateTooMuch();
+  };
+  EXPECT_FAULT(allocate(), "out of memory");
+}
+
+TEST(FaultDeathTest, AFailedAllocationIsAFaultAgainBehindAScopeInWhichItThrows) {
+  const auto allocate = [] {
+    InstallOutOfMemoryFault();
+    {
+      const OutOfMemoryThrows throws;
+      EXPECT_THROW(AllocateTooMuch(), std::bad_alloc);
+    }
+    AllocateTooMuch();
+  };
+  EXPECT_FAULT(allocate(), "out of memory");
+}
+
+TEST(FaultDeathTest, ACountedAllocationThatFailsNamesItsField) {
+  const auto allocate = [] {
+    InstallOutOfMemoryFault();
+    AllocateCounted<int>("process weights", kTooMany);
+  };
+  EXPECT_FAULT(allocate(), "process weights cannot be allocated: count 2000000000");
+}
+
+TEST(Fault, ACountedAllocationIsValueInitialised) {
+  EXPECT_EQ(AllocateCounted<int>("numbers", 3), (std::vector<int>{0, 0, 0}));
+  EXPECT_EQ(AllocateCounted<int>("numbers", 0), std::vector<int>{});
+}
+
+}  // namespace
+}  // namespace qvx
