@@ -22,7 +22,8 @@ void ReportEnd(void* child) { std::fprintf(stderr, "ended %s\n", static_cast<cha
 char solver[] = "solver";
 
 TEST(FaultDeathTest, ATextThatIsTooLongIsNamedWithItsWidthAndLength) {
-  EXPECT_FAULT(FaultTextTooLong("run number", 32, 40), "run number is too long: width 32, length 40");
+  EXPECT_FAULT(FaultTextTooLong("run number", 32, 40),
+               "run number is too long: width 32, length 40");
 }
 
 TEST(FaultDeathTest, ACountThatCannotBeAllocatedIsNamed) {
