@@ -110,7 +110,7 @@ int Launch(LauncherContext& context, const LaunchKind& kind) {
   CloseHandle(kind.closesReadEnd ? pipes.hChildStdOUTRd : pipes.hChildStdOUT_Wr);
 
   WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD exitCode = static_cast<DWORD>(-1);
+  auto exitCode = static_cast<DWORD>(-1);
   GetExitCodeProcess(process.hProcess, &exitCode);
   CloseHandle(process.hProcess);
   CloseHandle(process.hThread);

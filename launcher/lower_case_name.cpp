@@ -20,7 +20,8 @@ void LowerCaseName(LauncherContext& context, std::string& text) {
       0) {
     return;
   }
-  text = lower.c_str();
+  lower.resize(lower.find('\0'));
+  text = lower;
 }
 
 }  // namespace qvx

@@ -1,8 +1,11 @@
 // mingw-w64's own vsnprintf is far slower than the system C runtime's, and every chunk of a
-// solver's console passes through here. This has to come before the first include.
+// solver's console passes through here. This has to come before the first C++ header, which would
+// choose the slow one.
 #if defined(__MINGW32__)
-#define __USE_MINGW_ANSI_STDIO 0
+#define __USE_MINGW_ANSI_STDIO 0  // NOLINT(bugprone-reserved-identifier,cert-dcl*): the library's
 #endif
+#include <stdio.h>  // NOLINT(modernize-deprecated-headers): <cstdio> is such a C++ header
+
 #include "support/bounded_text.h"
 
 #include <stdio.h>
