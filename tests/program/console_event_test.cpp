@@ -1,0 +1,155 @@
+// A real Ctrl-C at every stage of a run.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "tests/program/planned_run.h"
+
+namespace qvx::test {
+namespace {
+
+const std::string kCtrlC = "Ctrl-C is captured.\r\n";
+const std::string kFlowPath = "<site>\\Home\\Bin\\Qvx3DFlow.exe";
+const std::string kCoolPath = "<site>\\Home\\Bin\\Qvx3DCool.exe";
+
+std::string WithoutFirst(std::string text, const std::string& part) {
+  const std::size_t at = text.find(part);
+  return at == std::string::npos ? text : text.erase(at, part.size());
+}
+
+/// Sends Ctrl-C when the solver has printed its mark, and sees to it that the solver is gone at the
+/// end of the run.
+std::string CancelRunningSolver(LauncherProcess& launcher, const Site& site) {
+  if (!launcher.WaitForOutput("running\r\n")) return "the solver does not run";
+  const std::string solver = site.Read("solver");
+  if (!ProcessRuns(solver)) return "the solver ended too early";
+  launcher.SendCtrlC();
+  launcher.Wait();
+  return ProcessRuns(solver) ? "the solver still runs" : "";
+}
+
+const std::string kRunForLong = "touch <site>\\solver;print running;await <site>\\never";
+
+const PlannedRun kDuringTheRun({.script = kRunForLong, .meanwhile = CancelRunningSolver});
+
+TEST(CtrlC, DuringTheRunEndsTheSolver) {
+  EXPECT_EQ(kDuringTheRun->complaint, "");
+  EXPECT_EQ(kDuringTheRun->output,
+            SerialConsole("running\r\n" + kCtrlC, kFlowPath, -9876) + kCountdown);
+  EXPECT_EQ(kDuringTheRun->status, -9876);
+  ASSERT_EQ(kDuringTheRun->logs.size(), 1U);
+  const std::string& log = kDuringTheRun->logs.begin()->second;
+  EXPECT_TRUE(log.ends_with("running\r\n>>> Return value of " + kFlowPath + " = -9876\r\n")) << log;
+}
+
+const PlannedRun kUnderMpi({
+    .cmx = kSmpCmx,
+    .script = "rank 1 touch <site>\\solver;rank 1 print running;await <site>\\never",
+    .meanwhile = CancelRunningSolver,
+});
+
+TEST(CtrlC, DuringAParallelRunEndsTheProcessLauncherWithItsSolvers) {
+  EXPECT_EQ(kUnderMpi->complaint, "");
+  EXPECT_EQ(kUnderMpi->output, ConsoleOf("Launch parallel computing\r\n", "running\r\n" + kCtrlC,
+                                         "C:\\NODE1\\mpi\\impiexec.exe", -9876) +
+                                   kCountdown);
+  EXPECT_EQ(kUnderMpi->status, -9876);
+}
+
+const PlannedRun kDuringTheCountdown({
+    .script = "print x;flush;exit 5",
+    .meanwhile = [](LauncherProcess& launcher, const Site&) -> std::string {
+      if (!launcher.WaitForOutput("\r3   ")) return "no countdown";
+      launcher.SendCtrlC();
+      return "";
+    },
+});
+
+TEST(CtrlC, DuringTheCountdownChangesNothing) {
+  EXPECT_EQ(kDuringTheCountdown->complaint, "");
+  EXPECT_NE(kDuringTheCountdown->output.find(kCtrlC), std::string::npos);
+  EXPECT_EQ(WithoutFirst(kDuringTheCountdown->output, kCtrlC),
+            SerialConsole("x\r\n", kFlowPath, 5) + kCountdown);
+  EXPECT_EQ(kDuringTheCountdown->status, 5);
+}
+
+const std::string kConformal =
+    std::string(kSerialCmx) + "<SOLID_COOL>\nFlag3DSolidCoolingChannel=1\n</SOLID_COOL>\n";
+
+const PlannedRun kFirstPass({
+    .solver = "Qvx3DCool.exe",
+    .cmx = kConformal,
+    .environment = {{"QUORVEX_FAKE_SOLVER_QVX3DFLOW", kRunForLong}},
+    .meanwhile = CancelRunningSolver,
+});
+
+TEST(CtrlC, DuringTheFirstCoolingPassSkipsTheSecond) {
+  EXPECT_EQ(kFirstPass->complaint, "");
+  EXPECT_EQ(kFirstPass->output,
+            SerialConsole("running\r\n" + kCtrlC, kFlowPath, -9876) + kCountdown);
+  EXPECT_EQ(kFirstPass->status, -9876);
+}
+
+const PlannedRun kSecondPass({
+    .solver = "Qvx3DCool.exe",
+    .cmx = kConformal,
+    .script = "print x;flush",
+    .environment = {{"QUORVEX_FAKE_SOLVER_QVX3DCOOL", kRunForLong}},
+    .meanwhile = CancelRunningSolver,
+});
+
+TEST(CtrlC, DuringTheSecondCoolingPassEndsTheRun) {
+  EXPECT_EQ(kSecondPass->complaint, "");
+  EXPECT_EQ(kSecondPass->output, SerialConsole("x\r\n", kFlowPath, 0) +
+                                     SerialConsole("running\r\n" + kCtrlC, kCoolPath, -9876) +
+                                     kCountdown);
+  EXPECT_EQ(kSecondPass->status, -9876);
+}
+
+/// Plays the CMX file: the launcher opens it for one section after the other and waits for its
+/// text.
+class CmxPipe {
+ public:
+  void Create() {
+    pipe_ = CreateNamedPipeA("\\\\.\\pipe\\qvx\\Analysis\\Run01\\Sample01.cmx",
+                             PIPE_ACCESS_OUTBOUND, PIPE_TYPE_BYTE, 1, 4096, 4096, 0, nullptr);
+  }
+  void AwaitReader() const { ConnectNamedPipe(pipe_, nullptr); }
+  void Serve(const std::string& text) const {
+    DWORD written = 0;
+    WriteFile(pipe_, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    FlushFileBuffers(pipe_);
+    DisconnectNamedPipe(pipe_);
+  }
+  void Close() const { CloseHandle(pipe_); }
+
+ private:
+  HANDLE pipe_ = nullptr;
+};
+
+CmxPipe cmxPipe;
+
+const PlannedRun kBeforeTheStart({
+    .arguments = std::vector<std::string>{"<site>\\Home*\\\\.\\pipe\\qvx*Sample*3*01",
+                                          "Qvx3DFlow.exe"},
+    .prepare = [](const Site&) { cmxPipe.Create(); },
+    .meanwhile = [](LauncherProcess& launcher, const Site&) -> std::string {
+      cmxPipe.AwaitReader();
+      launcher.SendCtrlC();
+      if (!launcher.WaitForOutput(kCtrlC)) return "Ctrl-C does not arrive";
+      cmxPipe.Serve(kSerialCmx);
+      cmxPipe.AwaitReader();
+      cmxPipe.Serve(kSerialCmx);
+      cmxPipe.Close();
+      return "";
+    },
+});
+
+TEST(CtrlC, BeforeTheStartPreventsIt) {
+  EXPECT_EQ(kBeforeTheStart->complaint, "");
+  EXPECT_EQ(kBeforeTheStart->output,
+            kCtrlC + "Ctrl-break is captured. Computing is canceled.\r\n" + kCountdown);
+  EXPECT_EQ(kBeforeTheStart->status, 0);
+}
+
+}  // namespace
+}  // namespace qvx::test

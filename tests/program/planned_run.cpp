@@ -1,0 +1,111 @@
+#include "tests/program/planned_run.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "tests/program/program_path.h"
+#include "tests/support/machine_state.h"
+
+namespace qvx::test {
+namespace {
+
+constexpr std::size_t kSideBySide = 16;
+const std::string kMpi = "C:\\NODE1\\mpi";
+const std::string kMpiWithoutManager = "C:\\NODE1\\mpi2";
+
+std::vector<std::pair<Machine, std::function<void()>>>& Plans() {
+  static std::vector<std::pair<Machine, std::function<void()>>> plans;
+  return plans;
+}
+
+void InstallImpiexec(const std::string& folder) {
+  std::filesystem::create_directories(folder);
+  std::filesystem::copy_file(ProgramPath("samples\\impiexec.exe"), folder + "\\impiexec.exe",
+                             std::filesystem::copy_options::overwrite_existing);
+}
+
+void RunSideBySide(const std::vector<std::function<void()>>& runs) {
+  std::atomic<std::size_t> next = 0;
+  std::vector<std::thread> threads;
+  for (std::size_t i = 0; i < std::min(kSideBySide, runs.size()); ++i) {
+    threads.emplace_back([&] {
+      for (std::size_t run = next++; run < runs.size(); run = next++) runs[run]();
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+}
+
+}  // namespace
+
+PlannedRun::PlannedRun(RunPlan plan) : plan_(std::move(plan)) {
+  Plans().emplace_back(plan_.machine, [this] { Run(); });
+}
+
+void PlannedRun::Run() {
+  const Site site;
+  site.InstallSolver(plan_.solver);
+  site.WriteCmx(plan_.cmx);
+  if (plan_.prepare) plan_.prepare(site);
+  LauncherStart start = {
+      .firstArgument = site.Specific(plan_.firstArgument),
+      .arguments = plan_.arguments.value_or(std::vector<std::string>{kTokens, plan_.solver}),
+      .environment = plan_.environment,
+      .currentFolder = site.Specific(plan_.currentFolder),
+  };
+  for (std::string& argument : start.arguments) argument = site.Specific(argument);
+  start.environment.emplace("QUORVEX_FAKE_SOLVER", plan_.script);
+  for (auto& [name, value] : start.environment) value = site.Specific(value);
+
+  const auto begin = std::chrono::steady_clock::now();
+  LauncherProcess launcher(start);
+  if (plan_.meanwhile) result_.complaint = plan_.meanwhile(launcher, site);
+  result_.status = launcher.Wait();
+  result_.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  result_.output = site.Generic(launcher.Output());
+  result_.error = site.Generic(launcher.Error());
+  result_.logs = site.Logs();
+}
+
+void PlannedRun::RunAll() {
+  InstallImpiexec(kMpi);
+  InstallImpiexec(kMpiWithoutManager);
+  std::ofstream(kMpiWithoutManager + "\\impiexec_no_smpd.txt");
+  const MpiInstallPathValue mpiPath;
+  const DebugTraceSwitchFile traceSwitch;
+  for (const Machine machine :
+       {Machine::Plain, Machine::Traced, Machine::WithoutMpi, Machine::NoProcessManager}) {
+    mpiPath.Set(machine == Machine::NoProcessManager ? kMpiWithoutManager + "\\" : kMpi);
+    if (machine == Machine::WithoutMpi) mpiPath.Remove();
+    if (machine == Machine::Traced) std::ofstream{traceSwitch.Path()};
+    std::vector<std::function<void()>> runs;
+    for (const auto& [planned, run] : Plans()) {
+      if (planned == machine) runs.push_back(run);
+    }
+    RunSideBySide(runs);
+    std::filesystem::remove(traceSwitch.Path());
+  }
+}
+
+std::string ConsoleOf(const std::string& banner, const std::string& child,
+                      const std::string& reportedPath, int status) {
+  return banner + child + "\r\n>>> Return value of " + reportedPath + " = " +
+         std::to_string(status) + "\r\n";
+}
+
+std::string LogOf(const std::string& commandLine, const std::string& child,
+                  const std::string& reportedPath, int status) {
+  return "Commandline=[" + commandLine + "]\r\n" + child + ">>> Return value of " + reportedPath +
+         " = " + std::to_string(status) + "\r\n";
+}
+
+std::string FlowArguments(const std::string& parallel) {
+  return "-home \"<site>\\Home\" -project \"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" "
+         "-molding 1 -option 0 " +
+         parallel;
+}
+
+}  // namespace qvx::test

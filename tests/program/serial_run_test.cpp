@@ -1,0 +1,147 @@
+// Serial runs: console, log and exit status as a whole.
+#include <gtest/gtest.h>
+
+#include "tests/program/planned_run.h"
+
+namespace qvx::test {
+namespace {
+
+const std::string kSolver = "<site>\\Home\\Bin\\Qvx3DFlow.exe";
+const std::string kCommandLine = kSolver + " " + FlowArguments(kSerialSettings);
+const std::string kLog = "console_redirect_serial_Flow_<time>.txt";
+
+std::string Console(const std::string& child, int status) {
+  return SerialConsole(child, kSolver, status) + kCountdown;
+}
+
+using Logs = std::map<std::string, std::string>;
+
+Logs OneLog(const std::string& child, int status) {
+  return {{kLog, LogOf(kCommandLine, child, kSolver, status)}};
+}
+
+const PlannedRun kPlain({.script = "command-line;error to stderr;stdin;flush"});
+
+TEST(SerialRun, EchoesAndLogsWhatTheSolverPrintsOnBothStreams) {
+  const std::string child = kCommandLine + "\r\nto stderr\r\nstdin: 0 bytes\r\n";
+  EXPECT_EQ(kPlain->output, Console(child, 0));
+  EXPECT_EQ(kPlain->error, "");
+  EXPECT_EQ(kPlain->status, 0);
+  EXPECT_EQ(kPlain->logs, OneLog(child, 0));
+}
+
+TEST(SerialRun, EndsWithACountdownOfFiveSeconds) { EXPECT_GE(kPlain->seconds, 4.9); }
+
+const PlannedRun kOne({.script = "print x;flush;exit 1"});
+const PlannedRun kMinusOne({.script = "print x;flush;exit -1"});
+const PlannedRun kStillActive({.script = "print x;flush;exit 259"});
+const PlannedRun kLarge({.script = "print x;flush;exit 123456789"});
+const PlannedRun kMinus9876({.script = "print x;flush;exit -9876"});
+
+TEST(SerialRun, ReturnsTheSolversExitCodeUnchanged) {
+  const std::pair<const PlannedRun&, int> runs[] = {
+      {kOne, 1}, {kMinusOne, -1}, {kStillActive, 259}, {kLarge, 123456789}, {kMinus9876, -9876}};
+  for (const auto& [run, status] : runs) {
+    EXPECT_EQ(run->output, Console("x\r\n", status));
+    EXPECT_EQ(run->status, status);
+    EXPECT_EQ(run->logs, OneLog("x\r\n", status));
+  }
+}
+
+const PlannedRun kZeroBytes({.script = "raw 6100620A;flush;print next;flush"});
+
+TEST(SerialRun, CutsAChunkAtItsFirstZeroByteInTheLogOnly) {
+  const std::string bytes("a\0b\n", 4);
+  EXPECT_EQ(kZeroBytes->output, Console(bytes + "next\r\n", 0));
+  EXPECT_EQ(kZeroBytes->logs, OneLog("anext\r\n", 0));
+}
+
+const PlannedRun kHighBytes({.script = "raw 80A4FF25730D0A1A41;flush"});
+
+TEST(SerialRun, KeepsBytesThatAreNoText) {
+  const std::string bytes =
+      "\x80\xA4\xFF%s\r\n\x1A"
+      "A";
+  EXPECT_EQ(kHighBytes->output, Console(bytes, 0));
+  EXPECT_EQ(kHighBytes->logs, OneLog(bytes, 0));
+}
+
+std::string Pattern(std::size_t size) {
+  const std::string line = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
+  std::string text;
+  while (text.size() < size) text += line;
+  return text.substr(0, size);
+}
+
+const PlannedRun kFullChunk({.script = "fill 4096 4096;flush;fill 4097 4097;flush"});
+const PlannedRun kMebibyte({.script = "fill 1048576 65536;flush"});
+
+TEST(SerialRun, LosesNothingOfFullChunks) {
+  EXPECT_EQ(kFullChunk->output, Console(Pattern(4096) + Pattern(4097), 0));
+  EXPECT_EQ(kFullChunk->logs, OneLog(Pattern(4096) + Pattern(4097), 0));
+  EXPECT_EQ(kMebibyte->output, Console(Pattern(1048576), 0));
+  EXPECT_EQ(kMebibyte->logs, OneLog(Pattern(1048576), 0));
+}
+
+const PlannedRun kSilent({.script = "exit 0"});
+
+TEST(SerialRun, LogsASolverThatPrintsNothing) {
+  EXPECT_EQ(kSilent->output, Console("", 0));
+  EXPECT_EQ(kSilent->logs, OneLog("", 0));
+}
+
+const PlannedRun kClosed({.script = "print x;flush;close;sleep 300;exit 7"});
+
+TEST(SerialRun, WaitsForASolverThatClosedItsOutput) {
+  EXPECT_EQ(kClosed->output, Console("x\r\n", 7));
+  EXPECT_EQ(kClosed->status, 7);
+}
+
+const PlannedRun kFolder({.script = "folder;flush",
+                          .currentFolder = "<site>\\Work",
+                          .prepare = {}});
+
+TEST(SerialRun, StartsTheSolverInTheLaunchersOwnFolder) {
+  EXPECT_EQ(kFolder->output, Console("<site>\\Work\r\n", 0));
+}
+
+const PlannedRun kOldLogs({.prepare = [](const Site& site) {
+  const std::string folder = "Work\\Sample\\Analysis\\Run01\\";
+  site.Write(folder + "console_redirect_serial_Flow_2020-01-01_00-00-00.txt", "old");
+  site.Write(folder + "console_redirect_serial_FlowOfAnother.txt", "old");
+  site.Write(folder + "console_redirect_smp_Flow_2020-01-01_00-00-00.txt", "kept");
+  site.Write(folder + "console_redirect_serial_Pack_2020-01-01_00-00-00.txt", "kept");
+  site.Write(folder + "console_redirect_serial_Flow_folder.txt\\inside", "kept");
+}});
+
+TEST(SerialRun, DeletesTheOldLogsOfItsModeAndClassOnly) {
+  EXPECT_EQ(kOldLogs->logs, (Logs{{kLog, LogOf(kCommandLine, kCommandLine + "\r\n", kSolver, 0)},
+                                  {"console_redirect_smp_Flow_<time>.txt", "kept"},
+                                  {"console_redirect_serial_Pack_<time>.txt", "kept"}}));
+}
+
+const PlannedRun kBlanks({
+    .solver = "Qvx3DFlow.exe",
+    .script = "args;flush",
+    .arguments = std::vector<std::string>{"<site>\\Home*<site>\\Work\\Sample*My \"part\" 1\\*3*01",
+                                          "Qvx3DFlow.exe"},
+});
+
+TEST(SerialRun, KeepsBlanksAndQuotesOfTheProjectName) {
+  EXPECT_NE(kBlanks->output.find("argument 6: My \"part\" 1\\\r\n"), std::string::npos)
+      << kBlanks->output;
+}
+
+const PlannedRun kWildcards({
+    .script = "print x;flush",
+    .arguments = std::vector<std::string>{"<site>\\Home*<site>\\Work\\Sample*Sample*?*01",
+                                          "Qvx3DFlow.exe", "*", "*.txt"},
+    .currentFolder = "<site>\\Home",
+});
+
+TEST(SerialRun, LeavesWildcardsOnItsCommandLineAlone) {
+  EXPECT_EQ(kWildcards->output, Console("x\r\n", 0));
+}
+
+}  // namespace
+}  // namespace qvx::test

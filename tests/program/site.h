@@ -1,0 +1,46 @@
+// One run's surroundings on disk: an installation, an MPI installation, a project with a run folder
+// and CMX file. All of it lies in a folder below C:\NODE1, which is also the machine \\NODE1.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace qvx::test {
+
+/// Replaces every `from` in `text` by `to`.
+std::string Replaced(std::string text, std::string_view from, std::string_view to);
+
+class Site {
+ public:
+  Site();
+  ~Site();
+  Site(const Site&) = delete;
+  Site& operator=(const Site&) = delete;
+
+  std::string Path(std::string_view relative = "") const;
+  std::string Home() const { return Path("Home"); }
+  std::string Project() const { return Path("Work\\Sample"); }
+  std::string RunFolder() const { return Path("Work\\Sample\\Analysis\\Run01"); }
+
+  /// Writes `bytes` as they stand, creating missing folders.
+  void Write(std::string_view relative, std::string_view bytes) const;
+  std::string Read(std::string_view relative) const;
+  /// Puts a copy of the stand-in solver into the home folder's Bin.
+  void InstallSolver(const std::string& name) const;
+  void WriteCmx(std::string_view text) const;
+  void Remove(std::string_view relative) const;
+
+  /// Console logs of the run folder: bytes by name, the timestamp in a name replaced by <time>.
+  std::map<std::string, std::string> Logs() const;
+
+  /// In tests' texts, <site> stands for the folder, <share> for the same folder on \\NODE1, and
+  /// <name> for its own name.
+  std::string Generic(std::string text) const;
+  std::string Specific(std::string text) const;
+
+ private:
+  std::string name_;
+};
+
+}  // namespace qvx::test
