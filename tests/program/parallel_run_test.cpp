@@ -95,7 +95,8 @@ const PlannedRun kTextForMachines({.cmx = WithMachines("ValueNoMachine=two\n")})
 
 /// The process launcher's own answer to a hosts list without hosts ends such a run.
 void ExpectRunWithoutHosts(const PlannedRun& run, const std::string& count) {
-  const std::string child = "Error: must specify a number greater than 0 after the -n option\r\n";
+  const std::string child =
+      "Error: must specify a number greater than 0 after the -hosts option\r\n";
   const std::string commandLine = kImpiexec + " -env 0 0 -hosts " + count +
                                   "   \"<share>\\Home\\Bin\\Qvx3DFlow.exe\" " +
                                   SharedArguments("-parallel 2 -processes 0");

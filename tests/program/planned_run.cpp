@@ -5,6 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <thread>
 
 #include "tests/program/program_path.h"
@@ -17,8 +18,8 @@ constexpr std::size_t kSideBySide = 16;
 const std::string kMpi = "C:\\NODE1\\mpi";
 const std::string kMpiWithoutManager = "C:\\NODE1\\mpi2";
 
-std::vector<std::pair<Machine, std::function<void()>>>& Plans() {
-  static std::vector<std::pair<Machine, std::function<void()>>> plans;
+std::vector<PlannedRun*>& Plans() {
+  static std::vector<PlannedRun*> plans;
   return plans;
 }
 
@@ -28,12 +29,13 @@ void InstallImpiexec(const std::string& folder) {
                              std::filesystem::copy_options::overwrite_existing);
 }
 
-void RunSideBySide(const std::vector<std::function<void()>>& runs) {
+void ForEachSideBySide(const std::vector<PlannedRun*>& runs,
+                       const std::function<void(PlannedRun*)>& action) {
   std::atomic<std::size_t> next = 0;
   std::vector<std::thread> threads;
   for (std::size_t i = 0; i < std::min(kSideBySide, runs.size()); ++i) {
     threads.emplace_back([&] {
-      for (std::size_t run = next++; run < runs.size(); run = next++) runs[run]();
+      for (std::size_t run = next++; run < runs.size(); run = next++) action(runs[run]);
     });
   }
   for (std::thread& thread : threads) thread.join();
@@ -41,15 +43,19 @@ void RunSideBySide(const std::vector<std::function<void()>>& runs) {
 
 }  // namespace
 
-PlannedRun::PlannedRun(RunPlan plan) : plan_(std::move(plan)) {
-  Plans().emplace_back(plan_.machine, [this] { Run(); });
+PlannedRun::PlannedRun(RunPlan plan) : plan_(std::move(plan)) { Plans().push_back(this); }
+
+PlannedRun::~PlannedRun() = default;
+
+void PlannedRun::LayOut() {
+  site_ = std::make_unique<Site>();
+  site_->InstallSolver(plan_.solver);
+  site_->WriteCmx(plan_.cmx);
+  if (plan_.prepare) plan_.prepare(*site_);
 }
 
 void PlannedRun::Run() {
-  const Site site;
-  site.InstallSolver(plan_.solver);
-  site.WriteCmx(plan_.cmx);
-  if (plan_.prepare) plan_.prepare(site);
+  const Site& site = *site_;
   LauncherStart start = {
       .firstArgument = site.Specific(plan_.firstArgument),
       .arguments = plan_.arguments.value_or(std::vector<std::string>{kTokens, plan_.solver}),
@@ -68,6 +74,7 @@ void PlannedRun::Run() {
   result_.output = site.Generic(launcher.Output());
   result_.error = site.Generic(launcher.Error());
   result_.logs = site.Logs();
+  site_.reset();
 }
 
 void PlannedRun::RunAll() {
@@ -81,11 +88,13 @@ void PlannedRun::RunAll() {
     mpiPath.Set(machine == Machine::NoProcessManager ? kMpiWithoutManager + "\\" : kMpi);
     if (machine == Machine::WithoutMpi) mpiPath.Remove();
     if (machine == Machine::Traced) std::ofstream{traceSwitch.Path()};
-    std::vector<std::function<void()>> runs;
-    for (const auto& [planned, run] : Plans()) {
-      if (planned == machine) runs.push_back(run);
-    }
-    RunSideBySide(runs);
+    std::vector<PlannedRun*> runs;
+    std::ranges::copy_if(Plans(), std::back_inserter(runs),
+                         [&](const PlannedRun* run) { return run->plan_.machine == machine; });
+    // All files first: a launcher would inherit one that is just being written, and keep the solver
+    // in it from being started.
+    for (PlannedRun* run : runs) run->LayOut();
+    ForEachSideBySide(runs, [](PlannedRun* run) { run->Run(); });
     std::filesystem::remove(traceSwitch.Path());
   }
 }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -61,6 +62,7 @@ struct RunResult {
 class PlannedRun {
  public:
   explicit PlannedRun(RunPlan plan);
+  ~PlannedRun();
   PlannedRun(const PlannedRun&) = delete;
   PlannedRun& operator=(const PlannedRun&) = delete;
 
@@ -70,9 +72,11 @@ class PlannedRun {
   static void RunAll();
 
  private:
+  void LayOut();
   void Run();
 
   RunPlan plan_;
+  std::unique_ptr<Site> site_;
   RunResult result_;
 };
 

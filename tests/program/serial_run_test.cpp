@@ -121,15 +121,20 @@ TEST(SerialRun, DeletesTheOldLogsOfItsModeAndClassOnly) {
 }
 
 const PlannedRun kBlanks({
-    .solver = "Qvx3DFlow.exe",
+    .solver = "QvxOptics.exe",
     .script = "args;flush",
     .arguments = std::vector<std::string>{"<site>\\Home*<site>\\Work\\Sample*My \"part\" 1\\*3*01",
-                                          "Qvx3DFlow.exe"},
+                                          "QvxOptics.exe"},
 });
 
 TEST(SerialRun, KeepsBlanksAndQuotesOfTheProjectName) {
-  EXPECT_NE(kBlanks->output.find("argument 6: My \"part\" 1\\\r\n"), std::string::npos)
-      << kBlanks->output;
+  EXPECT_EQ(kBlanks->output,
+            SerialConsole("argument 1: -home\r\nargument 2: <site>\\Home\r\n"
+                          "argument 3: -project\r\nargument 4: <site>\\Work\\Sample\r\n"
+                          "argument 5: -name\r\nargument 6: My \"part\" 1\\\r\n"
+                          "argument 7: -run\r\nargument 8: 01\r\n",
+                          "<site>\\Home\\Bin\\QvxOptics.exe", 0) +
+                kCountdown);
 }
 
 const PlannedRun kWildcards({

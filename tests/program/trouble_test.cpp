@@ -125,7 +125,7 @@ const PlannedRun kLongProject({.arguments = std::vector<std::string>{
 TEST(OverlongText, EndsTheLauncherAtOnce) {
   ExpectFault(kLongName, "ERROR: solver executable name is too long: width 64, length 64");
   ExpectFault(kLongValue, "ERROR: ValueNoTask is too long: width 32, length 40");
-  ExpectFault(kLongProject, "ERROR: CMX path is too long: width 260, length 269");
+  ExpectFault(kLongProject, "ERROR: CMX path is too long: width 260, length 271");
 }
 
 const PlannedRun kHugeMachineCount(
