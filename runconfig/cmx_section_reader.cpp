@@ -58,7 +58,10 @@ bool ReadCmxSection(const char* path, const std::string& name,
   // nothing leaves the last line in place and it counts once more.
   char line[1024] = {};
   do {
-    if (std::fgets(line, sizeof line, file.get()) != nullptr) line[std::strcspn(line, "\n")] = '\0';
+    std::fgets(line, sizeof line, file.get());
+    // Outside the section only its tag matters; most lines of a file are spared the rest.
+    if (!inSection && line[0] != '<') continue;
+    line[std::strcspn(line, "\n")] = '\0';
     if (line == openingTag) inSection = true;
     if (!inSection) continue;
     onSetting(ParseSetting(line));
