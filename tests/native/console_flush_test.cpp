@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "support/console.h"
-#include "tests/support/fault_exit.h"
+#include "tests/support/expect_fault.h"
 #include "tests/support/printed_by.h"
 
 namespace qvx {
@@ -34,7 +34,7 @@ TEST(ConsoleFlushDeathTest, AFaultWritesUnflushedLines) {
     PrintUnflushed("line\n");
     FaultTextTooLong("name", 32, 40);
   };
-  const auto run = [&] { EXPECT_FAULT(print(), "name is too long: width 32, length 40"); };
+  const auto run = [&] { EXPECT_FAULT(print(), "ERROR: name is too long: width 32, length 40"); };
   EXPECT_EQ(test::PrintedBy(run), "line\n");
 }
 

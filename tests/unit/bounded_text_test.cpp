@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-#include "tests/support/fault_exit.h"
+#include "tests/support/expect_fault.h"
 
 namespace qvx {
 namespace {
@@ -32,7 +32,7 @@ TEST_F(BoundedText, FormatTextKeepsATextOfTheWidthLessOne) {
 
 TEST_F(BoundedTextDeathTest, FormatTextRefusesATextOfTheWidth) {
   EXPECT_FAULT(FormatText(field, "run path", "%s%d", "123456", 78),
-               "run path is too long: width 8, length 8");
+               "ERROR: run path is too long: width 8, length 8");
 }
 
 TEST_F(BoundedText, CopyTextCopiesNoMoreThanTheGivenPart) {
@@ -47,7 +47,7 @@ TEST_F(BoundedText, CopyTextKeepsATextOfTheWidthLessOne) {
 
 TEST_F(BoundedTextDeathTest, CopyTextRefusesATextOfTheWidth) {
   EXPECT_FAULT(CopyText(field, "project name", "12345678"),
-               "project name is too long: width 8, length 8");
+               "ERROR: project name is too long: width 8, length 8");
 }
 
 TEST_F(BoundedText, FormatTruncatedCutsToTheWidthLessOne) {

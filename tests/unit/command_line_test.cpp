@@ -1,9 +1,12 @@
+// The command line: the molding type, the solver and its class, the tokens that fill each family's
+// record, and the whole trace.
 #include "launcher/command_line.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/bounded_text.h"
@@ -13,6 +16,12 @@
 namespace qvx {
 namespace {
 
+void InterpretInto(LauncherContext& context, std::vector<std::string> arguments) {
+  std::vector<char*> vector;
+  for (std::string& argument : arguments) vector.push_back(argument.data());
+  EXPECT_EQ(InterpretCommandLine(context, static_cast<int>(vector.size()), vector.data()), 0);
+}
+
 /// A context that interpreted a command line, and what that printed.
 struct Interpreted {
   std::unique_ptr<LauncherContext> context = std::make_unique<LauncherContext>();
@@ -20,14 +29,9 @@ struct Interpreted {
 };
 
 Interpreted Interpret(std::vector<std::string> arguments, bool trace = false) {
-  std::vector<char*> vector;
-  for (std::string& argument : arguments) vector.push_back(argument.data());
   Interpreted result;
   result.context->debugTraceFlag = trace ? 1 : 0;
-  result.printed = test::PrintedBy([&] {
-    EXPECT_EQ(InterpretCommandLine(*result.context, static_cast<int>(vector.size()), vector.data()),
-              0);
-  });
+  result.printed = test::PrintedBy([&] { InterpretInto(*result.context, std::move(arguments)); });
   return result;
 }
 
@@ -56,8 +60,11 @@ TEST(ClassifySolver, FollowsTheRulesInTheirOrder) {
 
 TEST(ClassifySolver, LetsTheEarlierRuleDecide) {
   EXPECT_EQ(ClassLineOf("Qvx3DFlowCool.exe"), "SolverClass=FLOW");
-  EXPECT_EQ(ClassLineOf("WarpPack.exe"), "SolverClass=SHELLPACK");
-  EXPECT_EQ(ClassLineOf("QVX3DICWS.exe"), "SolverClass=WS");
+  EXPECT_EQ(ClassLineOf("CoolPack.exe"), "SolverClass=SHELLPACK");
+  EXPECT_EQ(ClassLineOf("WarpCool.exe"), "SolverClass=SHELLCOOL");
+  EXPECT_EQ(ClassLineOf("StressWarp.exe"), "SolverClass=SHELLWARP");
+  EXPECT_EQ(ClassLineOf("qvx3dicStress.exe"), "SolverClass=STRESS");
+  EXPECT_EQ(ClassLineOf("QVX3DICOptics.exe"), "SolverClass=WS");
   EXPECT_EQ(ClassLineOf("StressOptics.exe"), "SolverClass=STRESS");
   EXPECT_EQ(ClassLineOf("icfake.exe"), "SolverClass=IC");
 }
@@ -141,6 +148,27 @@ TEST(SolverExecutable, IsTheStandInWhenThereIsNone) {
   EXPECT_STREQ(result.context->homeFolder, "");
 }
 
+TEST(SolverExecutable, IsTheStandInEvenWithoutAProgramName) {
+  const Interpreted result = Interpret({}, true);
+  EXPECT_EQ(result.printed,
+            "\n"
+            "$ symbol is at position(-1) of argv[0]\n"
+            "szMoldingType from argv[0] = \n"
+            "MoldingType from argv[0]   = -1\n"
+            "SolverExe is not specified! Use QuorvexFakeSolver.exe as the solver.\n"
+            "SolverClass=FLOW\n");
+}
+
+TEST(Tokens, GiveTheHomeFolderInEveryClass) {
+  for (const char* solver : {"3dflow", "3dpack", "3dcool", "3dwarp", "stress", "flow", "pack",
+                             "cool", "warp", "ic", "qvx3dic", "qvx3dicps", "optics"}) {
+    const bool isShell = std::string("flow pack cool warp").find(solver) != std::string::npos;
+    const Interpreted result = isShell ? Interpret({"L$1*D:\\H\\*p", "no*p", solver})
+                                       : Interpret({"L$1*no*p", "D:\\H\\*p", solver});
+    EXPECT_STREQ(result.context->homeFolder, "D:\\H") << solver;
+  }
+}
+
 TEST(Tokens, FillTheFlowRecordWhichTakesNoOption) {
   const Interpreted result = Interpret({"L$3", "D:\\Home\\*D:\\Proj*Part*8*5*6", "Qvx3DPack.exe"});
   const CQVXFlowFlowEPackArgument& record = result.context->flowArgument;
@@ -172,6 +200,27 @@ TEST(Tokens, GiveStressItsOptionTwice) {
   const Interpreted stress = Interpret({"L$2", "h*p*n*4*1", "Stress.exe"});
   EXPECT_EQ(stress.context->warpArgument.optionValue, 4);
   EXPECT_EQ(stress.context->warpArgument.secondOptionValue, 4);
+}
+
+TEST(Tokens, ThatAreMissingGiveStressTheOptionOfReset) {
+  auto context = std::make_unique<LauncherContext>();
+  context->warpArgument.optionValue = context->warpArgument.secondOptionValue = 9;
+  InterpretInto(*context, {"L$1", "", "Stress.exe"});
+  EXPECT_EQ(context->warpArgument.optionValue, 0);
+  EXPECT_EQ(context->warpArgument.secondOptionValue, 0);
+}
+
+TEST(Tokens, ThatAreNoNumbersGiveAnOptionOfZero) {
+  EXPECT_EQ(Interpret({"L", "h*p*n*x*1", "Qvx3DCool.exe"}).context->coolArgument.optionValue, 0);
+  EXPECT_EQ(Interpret({"L", "h*p*n* 7x*1", "Qvx3DWarp.exe"}).context->warpArgument.optionValue, 7);
+}
+
+TEST(Tokens, OfAShellRunNeedNotCome) {
+  for (const char* first : {"", "L$1", "*"}) {
+    const Interpreted result = Interpret({first, "h*p", "QvxFlow.exe"});
+    EXPECT_STREQ(result.context->shellFlowArgument.homeFolder, "");
+    EXPECT_STREQ(result.context->homeFolder, "");
+  }
 }
 
 TEST(Tokens, OfTheShellFamiliesStandInTheFirstArgument) {
@@ -237,11 +286,7 @@ TEST(Tokens, ThatAreMissingLeaveWhatResetGave) {
   auto context = std::make_unique<LauncherContext>();
   CopyText(context->flowArgument.projectName, "", "old");
   context->flowArgument.processCount = 9;
-  char first[] = "L$1";
-  char second[] = "h";
-  char third[] = "Qvx3DFlow.exe";
-  char* arguments[] = {first, second, third};
-  InterpretCommandLine(*context, 3, arguments);
+  InterpretInto(*context, {"L$1", "h", "Qvx3DFlow.exe"});
   EXPECT_STREQ(context->flowArgument.projectName, "");
   EXPECT_EQ(context->flowArgument.processCount, 0);
 }
@@ -251,9 +296,15 @@ TEST(HomeFolder, LosesOneTrailingBackslashOnly) {
   EXPECT_STREQ(Interpret({"L", "\\*p", "Qvx3DFlow.exe"}).context->homeFolder, "");
 }
 
+TEST(HomeFolder, FitsWithoutItsBackslash) {
+  const std::string longest(259, 'h');
+  EXPECT_EQ(Interpret({"L", longest + "\\", "Qvx3DFlow.exe"}).context->homeFolder, longest);
+}
+
 TEST(CommandLine, RefusesTextsLongerThanTheirFields) {
-  const auto interpret = [](const std::string& tokens, const std::string& solver) {
-    Interpret({"L$1", tokens, solver});
+  LauncherContext context;
+  const auto interpret = [&](const std::string& tokens, const std::string& solver) {
+    InterpretInto(context, {"L$1", tokens, solver});
   };
   const std::string solver = "Qvx3DFlow.exe";
   const auto text = [](std::size_t length) { return std::string(length, 'x'); };
@@ -270,7 +321,7 @@ TEST(CommandLine, RefusesTextsLongerThanTheirFields) {
                "ERROR: project name is too long: width 256, length 256");
   EXPECT_FAULT(interpret("h*p*n*0*" + text(32), solver),
                "ERROR: run number is too long: width 32, length 32");
-  EXPECT_FAULT(Interpret({"L*h*p*n*0*1*" + text(1024), "-", "QvxFlow.exe"}),
+  EXPECT_FAULT(InterpretInto(context, {"L*h*p*n*0*1*" + text(1024), "-", "QvxFlow.exe"}),
                "ERROR: extra text is too long: width 1024, length 1024");
 }
 

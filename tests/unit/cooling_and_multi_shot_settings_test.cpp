@@ -21,7 +21,8 @@ std::int32_t CoolingChannelOf(const std::string& line) {
 }
 
 MultiShotSettings MultiShotOf(const std::string& lines) {
-  const test::TemporaryFolder folder;
+  // Static: a fault ends the process without leaving this scope.
+  static const test::TemporaryFolder folder;
   MultiShotSettings record;
   record.FlagPrevShot = record.ValueShotRunID = 7;
   record.ValueShotProjectName[0] = 'x';
@@ -59,6 +60,16 @@ TEST(MultiShotSettings, AreReadByKey) {
   EXPECT_EQ(record.FlagPrevShotProject, -2);
   EXPECT_STREQ(record.ValueShotProjectPath, "D:\\Shot 1");
   EXPECT_STREQ(record.ValueShotProjectName, "First = one");
+}
+
+TEST(MultiShotSettings, HoldTheWordNullOrZeroForKeysWithoutValues) {
+  const MultiShotSettings record = MultiShotOf("Version\nFlagPrevShot=1\nFlagPrevShot\n");
+  EXPECT_STREQ(record.Version, "NULL");
+  EXPECT_EQ(record.FlagPrevShot, 0);
+}
+
+TEST(MultiShotSettings, DoNotKnowKeysInAnotherLetterCase) {
+  EXPECT_EQ(MultiShotOf("flagPrevShot=1\n").FlagPrevShot, 0);
 }
 
 TEST(MultiShotSettings, AreEmptiedFirst) {

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <new>
 
-#include "tests/support/fault_exit.h"
+#include "tests/support/expect_fault.h"
 
 namespace qvx {
 namespace {
@@ -23,20 +23,22 @@ char solver[] = "solver";
 
 TEST(FaultDeathTest, ATextThatIsTooLongIsNamedWithItsWidthAndLength) {
   EXPECT_FAULT(FaultTextTooLong("run number", 32, 40),
-               "run number is too long: width 32, length 40");
+               "ERROR: run number is too long: width 32, length 40");
 }
 
 TEST(FaultDeathTest, ACountThatCannotBeAllocatedIsNamed) {
   EXPECT_FAULT(FaultCannotAllocate("ValueNoMachine", 70000),
-               "ValueNoMachine cannot be allocated: count 70000");
+               "ERROR: ValueNoMachine cannot be allocated: count 70000");
 }
+
+TEST(Fault, HasTheStatusMinusTwo) { EXPECT_EQ(kFaultStatus, -2); }
 
 TEST(FaultDeathTest, EndsTheChildBehindTheLine) {
   const auto fault = [] {
     const EndChildOnFault guard(ReportEnd, solver);
     FaultTextTooLong("log", 8, 9);
   };
-  EXPECT_FAULT(fault(), "log is too long: width 8, length 9\nended solver");
+  EXPECT_FAULT(fault(), "ERROR: log is too long: width 8, length 9\nended solver");
 }
 
 TEST(FaultDeathTest, LeavesAChildAloneWhoseGuardIsGone) {
@@ -44,7 +46,7 @@ TEST(FaultDeathTest, LeavesAChildAloneWhoseGuardIsGone) {
     { const EndChildOnFault guard(ReportEnd, solver); }
     FaultTextTooLong("log", 8, 9);
   };
-  EXPECT_FAULT(fault(), "log is too long: width 8, length 9");
+  EXPECT_FAULT(fault(), "ERROR: log is too long: width 8, length 9");
 }
 
 TEST(FaultDeathTest, AFailedAllocationIsAFaultOnceInstalled) {
@@ -52,7 +54,7 @@ TEST(FaultDeathTest, AFailedAllocationIsAFaultOnceInstalled) {
     InstallOutOfMemoryFault();
     AllocateTooMuch();
   };
-  EXPECT_FAULT(allocate(), "out of memory");
+  EXPECT_FAULT(allocate(), "ERROR: out of memory");
 }
 
 TEST(FaultDeathTest, AFailedAllocationIsAFaultAgainBehindAScopeInWhichItThrows) {
@@ -64,7 +66,7 @@ TEST(FaultDeathTest, AFailedAllocationIsAFaultAgainBehindAScopeInWhichItThrows) 
     }
     AllocateTooMuch();
   };
-  EXPECT_FAULT(allocate(), "out of memory");
+  EXPECT_FAULT(allocate(), "ERROR: out of memory");
 }
 
 TEST(FaultDeathTest, ACountedAllocationThatFailsNamesItsField) {
@@ -72,7 +74,7 @@ TEST(FaultDeathTest, ACountedAllocationThatFailsNamesItsField) {
     InstallOutOfMemoryFault();
     AllocateCounted<int>("process weights", kTooMany);
   };
-  EXPECT_FAULT(allocate(), "process weights cannot be allocated: count 2000000000");
+  EXPECT_FAULT(allocate(), "ERROR: process weights cannot be allocated: count 2000000000");
 }
 
 TEST(Fault, ACountedAllocationIsValueInitialised) {

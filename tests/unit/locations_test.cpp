@@ -1,3 +1,5 @@
+// Where a run lives: the CMX path, the run folder and the remote home path, with what their making
+// prints.
 #include "launcher/locations.h"
 
 #include <gtest/gtest.h>
@@ -65,6 +67,25 @@ TEST(Locations, StayEmptyButTracedOutsideTheClasses) {
             "cmx path = \nCurrent run path = \n");
 }
 
+TEST(Locations, StayAsTheyAreOutsideTheClasses) {
+  const auto context = ContextOf(SolverClass(13));
+  CopyText(context->cmxPath, "", "before.cmx");
+  CopyText(context->currentRunPath, "", "before");
+  BuildCmxPath(*context);
+  BuildCurrentRunPath(*context);
+  EXPECT_STREQ(context->cmxPath, "before.cmx");
+  EXPECT_STREQ(context->currentRunPath, "before");
+}
+
+TEST(FormatCurrentRunPath, MovesNeitherTheLocalRunPathNorPrints) {
+  const auto context = ContextOf(SolverClass::Flow);
+  context->debugTraceFlag = 1;
+  CopyText(context->localRunPath, "", "C:\\local");
+  EXPECT_EQ(test::PrintedBy([&] { FormatCurrentRunPath(*context); }), "");
+  EXPECT_STREQ(context->currentRunPath, "D:\\Proj\\Analysis\\Run03");
+  EXPECT_STREQ(context->localRunPath, "C:\\local");
+}
+
 TEST(Locations, DegradeWithMissingTokens) {
   LauncherContext context;
   BuildCmxPath(context);
@@ -130,9 +151,33 @@ TEST_F(RemoteHomePath, IsTracedBeforeTheSettings) {
 
 TEST_F(RemoteHomePath, IsEmptyOnThisMachine) {
   const auto context = ContextOf(SolverClass::Flow);
-  Build(*context, "<TASKMANAGER>\nIDTaskMode=0\n</TASKMANAGER>\n");
+  EXPECT_EQ(Build(*context, "<TASKMANAGER>\nIDTaskMode=0\n</TASKMANAGER>\n"), "");
   EXPECT_STREQ(context->remoteHomePath, "");
   EXPECT_STREQ(context->taskManagerSettings.IDTaskMode, "0");
+}
+
+TEST_F(RemoteHomePath, IsNotTracedOnThisMachineButTheSettingsAre) {
+  const auto context = ContextOf(SolverClass::Flow);
+  context->debugTraceFlag = 1;
+  const std::string printed = Build(*context, "<TASKMANAGER>\nIDTaskMode=0\n</TASKMANAGER>\n");
+  EXPECT_EQ(printed, test::PrintedBy([&] {
+              DumpTaskManagerSettings(context->taskManagerSettings);
+              DumpRemoteMachineSettings(context->remoteMachineSettings);
+            }));
+}
+
+TEST_F(RemoteHomePath, IsBuiltForANumberThatNamesNoFamily) {
+  const auto context = ContextOf(SolverClass(13));
+  Build(*context, kDistributed);
+  EXPECT_STREQ(context->remoteHomePath, "\\\\NODE1\\QvxShare");
+}
+
+TEST_F(RemoteHomePath, IsRefusedWhenItIsTooLong) {
+  const auto context = ContextOf(SolverClass::Flow);
+  CopyText(context->cmxPath, "", folder_.Write("run.cmx", kDistributed));
+  CopyText(context->parallelFolderName, "", std::string(252, 's'));
+  EXPECT_FAULT(BuildRemoteHomePath(*context),
+               "ERROR: remote home path is too long: width 260, length 260");
 }
 
 TEST_F(RemoteHomePath, IsThreeBackslashesWhenTheFileIsMissing) {

@@ -1,9 +1,12 @@
+// The section REMOTE_MACHINES: its fields, the blocks of machine and weighting lines, the default
+// of the storage node, the dump.
 #include "runconfig/remote_machine_settings.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "support/bounded_text.h"
 #include "tests/support/expect_fault.h"
 #include "tests/support/printed_by.h"
 #include "tests/support/temporary_folder.h"
@@ -12,7 +15,8 @@ namespace qvx {
 namespace {
 
 void ReadFile(const std::string& bytes, RemoteMachineSettings& record) {
-  const test::TemporaryFolder folder;
+  // Static: a fault ends the process without leaving this scope.
+  static const test::TemporaryFolder folder;
   EXPECT_EQ(ReadRemoteMachineSettings(folder.Write("run.cmx", bytes).c_str(), record), 0);
 }
 
@@ -60,6 +64,15 @@ TEST(RemoteMachineSettings, TakeTheLocalHostAsStorageNodeWhenThereIsNone) {
   EXPECT_STREQ(neither.ValueStorageNode, "");
 }
 
+TEST(RemoteMachineSettings, KeepWhatTheFileDoesNotName) {
+  RemoteMachineSettings record;
+  CopyText(record.Version, "", "before");
+  CopyText(record.ValueMap, "", "before");
+  ReadFile("<REMOTE_MACHINES>\nValueMap=m\n</REMOTE_MACHINES>\n", record);
+  EXPECT_STREQ(record.Version, "before");
+  EXPECT_STREQ(record.ValueMap, "m");
+}
+
 TEST(RemoteMachineSettings, StayAsTheyAreWhenTheFileIsMissing) {
   RemoteMachineSettings record;
   record.ValueLocalHost[0] = 'h';
@@ -77,6 +90,8 @@ TEST(RemoteMachineSettings, RefuseOverlongFields) {
   read("ValueMap", 31);
   read("ValueShareFolderName", 259);
   EXPECT_FAULT(read("ValueMap", 32), "ERROR: ValueMap is too long: width 32, length 32");
+  EXPECT_FAULT(read("ValueNoMachine", 33),
+               "ERROR: ValueNoMachine is too long: width 32, length 33");
   EXPECT_FAULT(read("ValueParallelWorkingFolder", 260),
                "ERROR: CMX value is too long: width 260, length 260");
 }
@@ -89,6 +104,11 @@ TEST(MachineBlock, TakesTheWordNullForATaskCountThatIsMissing) {
   EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineSetting\n1=nodeA 4\n"),
             "[0]nodeA 4\t:NULL\t\n");
   EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineSetting\nnodeA\n"), "[0]NULL\t:NULL\t\n");
+}
+
+TEST(MachineBlock, TakesOnlyTheSpacesInFrontOfTheHostNameAway) {
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineSetting\n1=  node A \t 4 \n"),
+            "[0]node A \t: 4 \t\n");
 }
 
 TEST(MachineBlock, OpensWithBlanksInItsKeyWhateverItsValue) {
@@ -120,6 +140,21 @@ TEST(WeightingBlock, CutsTheWeightingAtItsFirstSpace) {
   EXPECT_EQ(MachinesOf("ValueNoMachine=2\nValueMachineWeighting\n1=1.5 # a comment that is rather "
                        "longer than the field\n2=2\n"),
             "[0]\t:\t1.5\n[1]\t:\t2\n");
+}
+
+TEST(WeightingBlock, KeepsATabOfTheWeighting) {
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineWeighting\n1=1.5\tx y\n"),
+            "[0]\t:\t1.5\tx\n");
+}
+
+TEST(WeightingBlock, TakesTheWordNullForALineWithoutAWeighting) {
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineWeighting\n1.5\n"), "[0]\t:\tNULL\n");
+}
+
+TEST(WeightingBlock, CountsOnWhenItOpensAgainAndIgnoresWhatIsPastTheList) {
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineWeighting\n1=0.5\nValueMachineWeighting\n"
+                       "1=0.7\n"),
+            "[0]\t:\t0.5\n");
 }
 
 TEST(WeightingBlock, WaitsForTheMachineBlockToClose) {
@@ -155,6 +190,11 @@ TEST(MachineList, RefusesTextsOf32Characters) {
                "ERROR: machine task count is too long: width 32, length 32");
   EXPECT_FAULT(MachinesOf("ValueNoMachine=1\nValueMachineWeighting\n1=" + longest + "x\n"),
                "ERROR: machine weighting is too long: width 32, length 32");
+}
+
+TEST(MachineList, RefusesACountThatMemoryCannotHold) {
+  EXPECT_FAULT(MachinesOf("ValueNoMachine=2147483647\n"),
+               "ERROR: ValueNoMachine cannot be allocated: count 2147483647");
 }
 
 TEST(MachineList, TakesAMachineTwiceThatIsTheFilesLastLine) {

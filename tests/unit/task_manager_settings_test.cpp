@@ -1,3 +1,5 @@
+// The section TASKMANAGER: which line reaches which field, what the dump shows, and when a run is
+// distributed.
 #include "runconfig/task_manager_settings.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +16,8 @@ namespace {
 
 /// Reads `lines` as the section's content.
 TaskManagerSettings ReadLines(const std::string& lines) {
-  const test::TemporaryFolder folder;
+  // Static: a fault ends the process without leaving this scope.
+  static const test::TemporaryFolder folder;
   TaskManagerSettings record;
   const std::string path = folder.Write("run.cmx", "<TASKMANAGER>\n" + lines + "</TASKMANAGER>\n");
   EXPECT_EQ(ReadTaskManagerSettings(path.c_str(), record), 0);
@@ -33,6 +36,21 @@ TEST(TaskManagerSettings, AreReadByKey) {
   EXPECT_STREQ(record.ValueNoTask, "4");
   EXPECT_STREQ(record.ValueLocalNoTask, "1");
   EXPECT_STREQ(record.ValueConsoleRedirection, "yes");
+}
+
+TEST(TaskManagerSettings, AreReadInSilence) {
+  EXPECT_EQ(test::PrintedBy([] { ReadLines(kAllLines); }), "");
+}
+
+TEST(TaskManagerSettings, KeepWhatTheFileDoesNotName) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.Write("run.cmx", "<TASKMANAGER>\nValueNoTask=4\n");
+  TaskManagerSettings record;
+  CopyText(record.Version, "", "before");
+  CopyText(record.ValueNoTask, "", "before");
+  ReadTaskManagerSettings(path.c_str(), record);
+  EXPECT_STREQ(record.Version, "before");
+  EXPECT_STREQ(record.ValueNoTask, "4");
 }
 
 TEST(TaskManagerSettings, AreDumpedLineByLine) {
@@ -91,6 +109,12 @@ TEST(TaskManagerSettings, RefuseAValueOf32Characters) {
   EXPECT_EQ(ReadLines("Version=" + longest + "\n").Version, longest);
   EXPECT_FAULT(ReadLines("ValueNoTask=" + longest + "v\n"),
                "ERROR: ValueNoTask is too long: width 32, length 32");
+  EXPECT_FAULT(ReadLines("ValueConsoleRedirection=" + longest + "vwx\n"),
+               "ERROR: ValueConsoleRedirection is too long: width 32, length 34");
+}
+
+TEST(TaskManagerSettings, TakeNoNoticeOfALongValueWhoseKeyTheyDoNotKnow) {
+  EXPECT_STREQ(ReadLines("ValueNoTask=4\nNote=" + std::string(200, 'v') + "\n").ValueNoTask, "4");
 }
 
 TEST(IsDistributed, HoldsForEveryTaskModeButZero) {

@@ -1,0 +1,52 @@
+// The texts that make the MPI process launcher's command line, blank by blank.
+#include "execution/mpi_command_line.h"
+
+#include <gtest/gtest.h>
+
+#include "support/bounded_text.h"
+
+namespace qvx {
+namespace {
+
+MachineEntry Machine(const char* hostName, const char* taskCount) {
+  MachineEntry machine;
+  CopyText(machine.hostName, "", hostName);
+  CopyText(machine.taskCount, "", taskCount);
+  return machine;
+}
+
+TEST(LocalProcesses, TakesTheTaskCountAsItStands) {
+  TaskManagerSettings settings;
+  CopyText(settings.ValueNoTask, "", "04 ");
+  EXPECT_EQ(LocalProcesses(settings), "-localonly -n 04 ");
+}
+
+TEST(HostsList, NamesEveryMachineWithItsTasksAndABlankBehindEachWord) {
+  RemoteMachineSettings settings;
+  CopyText(settings.ValueNoMachine, "", "2");
+  settings.machines = {Machine("nodeA", "4"), Machine("nodeB", "2")};
+  EXPECT_EQ(HostsList(settings), "-hosts 2 nodeA 4 nodeB 2 ");
+}
+
+TEST(HostsList, TakesACountThatIsNoNumberAsItStands) {
+  RemoteMachineSettings settings;
+  for (const char* count : {"0", "-1", "two", ""}) {
+    CopyText(settings.ValueNoMachine, "", count);
+    EXPECT_EQ(HostsList(settings), std::string("-hosts ") + count + " ");
+  }
+}
+
+TEST(MpiCommandLine, QuotesTheSolverOnly) {
+  EXPECT_EQ(MpiCommandLine("C:\\M P I\\impiexec.exe", "-localonly -n 4", "-mapall",
+                           "D:\\Q x\\Bin\\Qvx3DFlow.exe", "-home \"h\""),
+            "C:\\M P I\\impiexec.exe -env 0 0 -localonly -n 4 -mapall "
+            "\"D:\\Q x\\Bin\\Qvx3DFlow.exe\" -home \"h\"");
+}
+
+TEST(MpiCommandLine, KeepsTheBlankBehindAHostsListAndBehindAnEmptyConfiguration) {
+  EXPECT_EQ(MpiCommandLine("impiexec.exe", "-hosts 1 nodeA 4 ", "", "\\\\srv\\q\\Bin\\s.exe", ""),
+            "impiexec.exe -env 0 0 -hosts 1 nodeA 4   \"\\\\srv\\q\\Bin\\s.exe\" ");
+}
+
+}  // namespace
+}  // namespace qvx
