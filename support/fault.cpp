@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <new>
+#include <string>
 
 namespace qvx {
 namespace {
@@ -24,15 +25,16 @@ void* childToEnd = nullptr;
 
 }  // namespace
 
+// Numbers go in as text: not every C runtime on Windows formats 64 bits.
 void FaultTextTooLong(const char* field, std::size_t width, std::size_t length) {
-  std::fprintf(stderr, "ERROR: %s is too long: width %lu, length %lu\n", field,
-               static_cast<unsigned long>(width), static_cast<unsigned long>(length));
+  std::fprintf(stderr, "ERROR: %s is too long: width %s, length %s\n", field,
+               std::to_string(width).c_str(), std::to_string(length).c_str());
   EndProcess();
 }
 
 void FaultCannotAllocate(const char* field, std::size_t count) {
-  std::fprintf(stderr, "ERROR: %s cannot be allocated: count %lu\n", field,
-               static_cast<unsigned long>(count));
+  std::fprintf(stderr, "ERROR: %s cannot be allocated: count %s\n", field,
+               std::to_string(count).c_str());
   EndProcess();
 }
 

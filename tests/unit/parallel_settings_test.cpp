@@ -170,11 +170,10 @@ TEST_F(ParallelSettings, NegativeTaskCountsStopAtTheLimitOf32Bits) {
 }
 
 TEST_F(ParallelSettingsDeathTest, RefusesTaskCountsThatSumBeyond32Bits) {
-  AddMachine("2147483647", "1");
-  AddMachine("1", "1");
+  for (int i = 0; i < 3; ++i) AddMachine("2147483647", "1");
   context.computeMode = ComputeMode::Dmp;
   EXPECT_FAULT(PrepareParallelSettings(context),
-               "ERROR: process weights cannot be allocated: count 2147483648");
+               "ERROR: process weights cannot be allocated: count 6442450941");
 }
 
 TEST_F(ParallelSettingsDeathTest, RefusesWeightsThatMemoryCannotHold) {
