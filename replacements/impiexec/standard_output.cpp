@@ -11,15 +11,18 @@ namespace impiexec {
 void WriteOutput(std::string_view bytes) {
   static std::mutex mutex;
   const std::lock_guard lock(mutex);
+  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
   while (!bytes.empty()) {
     DWORD written = 0;
     // With the reader gone the bytes are dropped, and the solvers can go on.
-    if (!WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()),
-                   &written, nullptr)) {
+    if (!WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
       return;
     }
     bytes.remove_prefix(written);
   }
+  // Waits until a pipe's reader has taken the bytes. One that looks whether this process has ended
+  // before it reads would miss the last of them.
+  FlushFileBuffers(output);
 }
 
 void WriteOutputLine(std::string_view text) { WriteOutput(std::string(text) + "\r\n"); }
