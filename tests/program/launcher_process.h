@@ -30,10 +30,11 @@ class LauncherProcess {
   /// Blocks until standard output holds `text`; false when it ended without, or after a minute.
   bool WaitForOutput(const std::string& text);
 
-  /// Sends a real Ctrl-C to the launcher's console.
-  void SendCtrlC() const;
+  /// Sends a real Ctrl-C to the launcher's console; false when that is impossible.
+  bool SendCtrlC() const;
 
-  /// Waits for the end. Exit status with all 32 bits.
+  /// Waits for the end, and ends a launcher that takes more than two minutes. Exit status with all
+  /// 32 bits.
   int Wait();
 
   /// Everything that was written; complete after Wait.
