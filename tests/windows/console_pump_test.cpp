@@ -130,5 +130,11 @@ TEST_F(ConsolePump, EndsWithTheChunkThatTheLaunchStopsAt) {
   EXPECT_EQ(Log(), "onestop");
 }
 
+TEST_F(ConsolePump, LeavesInThePipeWhatIsBehindTheChunkThatTheLaunchStopsAt) {
+  kind.endsPump = [](LauncherContext&, const RunningChild&, const char*) { return true; };
+  EXPECT_EQ(Pump({Text(5000)}), Text(4096));
+  EXPECT_EQ(Log(), Text(4096));
+}
+
 }  // namespace
 }  // namespace qvx

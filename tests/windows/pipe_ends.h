@@ -17,6 +17,14 @@ struct PipeEnds {
   }
 };
 
+/// The pipes that the system's own services talk through carry messages and do not count.
+inline bool IsPipeEnd(HANDLE handle) {
+  DWORD kind = 0;
+  return GetFileType(handle) == FILE_TYPE_PIPE &&
+         GetNamedPipeInfo(handle, &kind, nullptr, nullptr, nullptr) != 0 &&
+         (kind & PIPE_TYPE_MESSAGE) == 0;
+}
+
 inline PipeEnds OpenPipeEnds() {
   constexpr std::uintptr_t kStep = 4;
   constexpr std::uintptr_t kEnd = 0x2000;
@@ -24,7 +32,7 @@ inline PipeEnds OpenPipeEnds() {
   for (std::uintptr_t value = kStep; value < kEnd; value += kStep) {
     const auto handle = reinterpret_cast<HANDLE>(value);
     DWORD flags = 0;
-    if (GetFileType(handle) != FILE_TYPE_PIPE || !GetHandleInformation(handle, &flags)) continue;
+    if (!IsPipeEnd(handle) || !GetHandleInformation(handle, &flags)) continue;
     ++((flags & HANDLE_FLAG_INHERIT) != 0 ? ends.inheritable : ends.own);
   }
   return ends;
