@@ -54,6 +54,7 @@ class CoolingRun : public test::LaunchTest {
   }
 
   const std::string cooler = home + "\\Bin\\Qvx3DCool.exe";
+  const test::DebugTraceSwitchFile withoutTrace;
   const test::EnvironmentVariable flowScript{"QUORVEX_FAKE_SOLVER_QVX3DFLOW"};
   const test::EnvironmentVariable coolScript{"QUORVEX_FAKE_SOLVER_QVX3DCOOL"};
 };
