@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "tests/windows/pipe_ends.h"
+#include "tests/windows/open_handles.h"
 
 int main() {
   STARTUPINFOA startup;

@@ -13,7 +13,7 @@
 #include "launcher/process_wide_values.h"
 #include "support/bounded_text.h"
 #include "tests/windows/launch_fixture.h"
-#include "tests/windows/pipe_ends.h"
+#include "tests/windows/open_handles.h"
 
 namespace qvx {
 namespace {
@@ -59,6 +59,24 @@ TEST_F(ChildProcess, IsReportedWithTheExitCodeThatAConsoleEventGaveIt) {
   EXPECT_EQ(childProcessIdentifier, 0U);
 }
 
+TEST_F(ChildProcess, IsAwaitedWhenThePumpEndsBeforeIt) {
+  const LaunchKind kind = {
+      .modePrefix = "console_redirect_serial_",
+      .banner = "",
+      .buildCommand = [](LauncherContext& run) -> LaunchCommand {
+        return {std::string(run.homeFolder) + "\\Bin\\Qvx3DFlow.exe", "the solver"};
+      },
+      .writeLogHeading = nullptr,
+      .endsPump = [](LauncherContext&, const RunningChild&, const char*) { return true; },
+      .closesReadEnd = false,
+  };
+  script.Set("print up;sleep 200;exit 5");
+  int result = 0;
+  const test::Console console = test::ConsoleOf([&] { result = Launch(context, kind); });
+  ExpectOutcome({result, console}, 5, "the solver", "up\r\n",
+                "Commandline=[" + solver + "]\r\nup\r\n");
+}
+
 TEST_F(ChildProcess, IsLoggedAtOnceInAFileThatOthersMayReadAndWriteButNotDelete) {
   const test::Outcome outcome = RunWith([this] {
     const std::string path = runFolder + "\\" + NamesIn(runFolder).front();
@@ -102,6 +120,18 @@ TEST_F(ChildProcess, SeesTwoStandardHandlesAndAConsoleWithoutWindow) {
                                  "standard error is standard output: yes\r\n"
                                  "pipe ends " +
                                  std::to_string(inherited + 2) + "\r\n");
+}
+
+TEST_F(ChildProcess, LeavesNeitherItselfNorItsThreadNorItsLogOpen) {
+  const auto count = [] {
+    return test::CountHandles([](HANDLE handle) {
+      return GetProcessId(handle) != 0 || GetThreadId(handle) != 0 ||
+             GetFileType(handle) == FILE_TYPE_DISK;
+    });
+  };
+  const int before = count();
+  Run(LaunchSerial);
+  EXPECT_EQ(count(), before);
 }
 
 TEST_F(ChildProcess, LeavesAllPipeEndsOpenWhenItCannotBeStarted) {

@@ -92,6 +92,14 @@ TEST_F(OldLogs, AreFoundInThePatternsFolderAndDeletedInTheLocalRunFolder) {
   EXPECT_EQ(NamesIn(runFolder), Names{"log_b.txt"});
 }
 
+TEST_F(OldLogs, AreKeptInTheLocalRunFolderWhenTheNameIsAFoldersInThePatternsFolder) {
+  const std::string share = folder.Path("Share");
+  MakeFiles(share + "\\log_a.txt", {});
+  MakeFiles(runFolder, {"log_a.txt"});
+  EXPECT_EQ(CleanUpOldLogs(context, share + "\\log_*.txt"), DWORD{ERROR_NO_MORE_FILES});
+  EXPECT_EQ(NamesIn(runFolder), Names{"log_a.txt"});
+}
+
 TEST_F(OldLogs, NeedNotBeThere) {
   MakeFiles(runFolder, {"console_redirect_smp_Flow_a.txt"});
   EXPECT_EQ(CleanUpOldLogs(context, runFolder + "\\console_redirect_serial_Flow*.txt"), DWORD{0});

@@ -108,6 +108,30 @@ TEST_F(ConsolePump, NeedsNoLog) {
   EXPECT_EQ(Log(), "");
 }
 
+TEST_F(ConsolePump, WaitsUntilTheConsoleTookAChunkBeforeItLogsIt) {
+  HANDLE readEnd = nullptr;
+  HANDLE writeEnd = nullptr;
+  CreatePipe(&readEnd, &writeEnd, nullptr, 0);
+  std::string loggedBefore;
+  std::jthread console([&] {
+    Sleep(200);
+    loggedBefore = Log();
+    char byte = 0;
+    for (DWORD read = 0; ReadFile(readEnd, &byte, 1, &read, nullptr) != 0;) {
+    }
+  });
+  const HANDLE standardOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+  SetStdHandle(STD_OUTPUT_HANDLE, writeEnd);
+  const ChunkWriter writer({"one"});
+  PumpConsole(context, kind, {GetCurrentProcess(), log}, writer.ReadEnd());
+  SetStdHandle(STD_OUTPUT_HANDLE, standardOutput);
+  CloseHandle(writeEnd);
+  console.join();
+  CloseHandle(readEnd);
+  EXPECT_EQ(loggedBefore, "");
+  EXPECT_EQ(Log(), "one");
+}
+
 TEST_F(ConsolePump, LeavesInThePipeWhatAChildPrintedThatHasEnded) {
   const test::StartedChild child("exit 0");
   EXPECT_EQ(child.ExitCode(), 0);

@@ -15,7 +15,7 @@
 #include "support/bounded_text.h"
 #include "tests/support/expect_fault.h"
 #include "tests/windows/launch_fixture.h"
-#include "tests/windows/pipe_ends.h"
+#include "tests/windows/open_handles.h"
 
 namespace qvx {
 namespace {
