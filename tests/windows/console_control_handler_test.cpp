@@ -93,7 +93,7 @@ TEST_F(ConsoleControlHandler, ForgetsAChildThatItCannotOpen) {
   GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
   for (int i = 0; i < 1000 && cancelFlag == 0; ++i) Sleep(10);
   std::fputs(cancelFlag != 0 ? "cancelled\n" : "not cancelled\n", stderr);
-  std::_Exit(5);
+  std::exit(5);
 }
 
 TEST_F(ConsoleControlHandler, IsCalledOnceRegistered) {
