@@ -1,0 +1,184 @@
+// Lets every Windows call of the product fail, one at a time, and looks at all that the run then
+// shows, returns and leaves: see the table in call_sites.cpp.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+
+#include "execution/mpi_configuration.h"
+#include "execution/serial_launch.h"
+#include "execution/smp_launch.h"
+#include "launcher/console_control_handler.h"
+#include "launcher/debug_trace.h"
+#include "launcher/entry_sequence.h"
+#include "launcher/process_wide_values.h"
+#include "support/bounded_text.h"
+#include "tests/faults/call_sites.h"
+#include "tests/faults/failing_call.h"
+#include "tests/faults/import_patch.h"
+#include "tests/windows/launch_fixture.h"
+#include "tests/windows/open_handles.h"
+#include "tests/windows/started_child.h"
+
+extern "C" void* __imp_Sleep;
+
+namespace qvx {
+namespace {
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+/// Processes, threads and files; the launches that leave pipe ends open do so on purpose.
+int OpenHandles() {
+  return test::CountHandles([](HANDLE handle) {
+    return GetProcessId(handle) != 0 || GetThreadId(handle) != 0 ||
+           GetFileType(handle) == FILE_TYPE_DISK;
+  });
+}
+
+bool ProcessRuns(DWORD processIdentifier) {
+  const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, processIdentifier);
+  if (process == nullptr) return false;
+  DWORD exitCode = 0;
+  const bool runs = GetExitCodeProcess(process, &exitCode) != 0 && exitCode == STILL_ACTIVE;
+  CloseHandle(process);
+  return runs;
+}
+
+void WINAPI DoNotSleep(DWORD) {}
+
+/// Prints one chunk and lives until the pump waits for the next one.
+constexpr const char* kScript = "print x;flush;sleep 100;exit 3";
+
+class FaultInjection : public test::LaunchTest, public testing::WithParamInterface<std::size_t> {
+ protected:
+  FaultInjection() { CopyText(context.taskManagerSettings.ValueNoTask, "ValueNoTask", "4"); }
+
+  const test::Failure& failure = test::kFailures[GetParam()];
+
+  /// Runs `operation` while the call fails; `console` without what differs from run to run.
+  test::Outcome Fail(const std::function<int()>& operation) {
+    test::Outcome outcome = {};
+    const int before = OpenHandles();
+    outcome.console = test::ConsoleOf([&] {
+      const test::FailingCall failing(failure.site.function, failure.call, failure.error);
+      outcome.result = operation();
+      happened_ = failing.Happened();
+    });
+    EXPECT_TRUE(happened_) << "the scene does not make this call";
+    EXPECT_EQ(OpenHandles(), before);
+    return outcome;
+  }
+
+  void ExpectLaunch(const std::string& solverScript, int (*launch)(LauncherContext&)) {
+    script.Set(solverScript);
+    const test::Outcome outcome = Fail([&] { return launch(context); });
+    Expect(outcome, FilesInRunFolder());
+    EXPECT_FALSE(ProcessRuns(childProcessIdentifier));
+  }
+
+  void ExpectSerial(const std::string& solverScript) {
+    MakeFiles(runFolder,
+              {"console_redirect_serial_Flow_old1.txt", "console_redirect_serial_Flow_old2.txt"});
+    ExpectLaunch(solverScript, LaunchSerial);
+  }
+
+  void ExpectEntry() {
+    const test::DebugTraceSwitchFile withoutTrace;
+    const test::ImportPatch withoutCountdown(&__imp_Sleep, reinterpret_cast<void*>(DoNotSleep));
+    folder.Write("Project\\Analysis\\Run01\\Sample01.cmx",
+                 "<TASKMANAGER>\nIDTaskMode=0\nValueLocalNoTask=1\n</TASKMANAGER>\n");
+    script.Set(kScript);
+    std::string first = "L$1";
+    std::string tokens = home + "*" + folder.Path("Project") + "*Sample*0*01";
+    std::string name = "Qvx3DFlow.exe";
+    char* arguments[] = {first.data(), tokens.data(), name.data()};
+    const test::Outcome outcome = Fail([&] { return RunEntrySequence(3, arguments); });
+    std::filesystem::remove(runFolder + "\\Sample01.cmx");
+    Expect(outcome, FilesInRunFolder());
+  }
+
+  void ExpectConsoleEvent() {
+    const test::StartedChild child("sleep 60000");
+    childProcessIdentifier = child.Id();
+    const test::Outcome outcome = Fail([] { return HandleConsoleControl(CTRL_C_EVENT); });
+    Expect(outcome, ProcessRuns(child.Id()) ? "the child runs" : "the child ended");
+    EXPECT_EQ(cancelFlag, 1);
+    EXPECT_EQ(childProcessIdentifier, 0U);
+  }
+
+  void ExpectTraceSwitch() {
+    const test::DebugTraceSwitchFile file;
+    std::ofstream{file.Path()};
+    const test::Outcome outcome = Fail([this] { return SwitchDebugTrace(context); });
+    Expect(outcome, context.debugTraceFlag == 0 ? "the trace is off" : "the trace is on");
+  }
+
+  void ExpectProjectIni() {
+    folder.Write("Home\\Bin\\QVXProject.ini", "[Configuration]\nQVX_PARALLEL_FOLDER_NAME=Share\n");
+    const test::Outcome outcome = Fail([this] { return ReadParallelFolderName(context); });
+    Expect(outcome, context.parallelFolderName);
+  }
+
+  void Expect(const test::Outcome& outcome, const std::string& left) const {
+    EXPECT_EQ(outcome.result, failure.result);
+    EXPECT_EQ(Generic(outcome.console.All()), failure.console);
+    EXPECT_EQ(Generic(left), failure.left);
+  }
+
+  std::string FilesInRunFolder() const {
+    std::string all;
+    for (const std::string& name : NamesIn(runFolder)) {
+      all += "[" + name + "]" + folder.Read("Project\\Analysis\\Run01\\" + name);
+    }
+    return all;
+  }
+
+  std::string Generic(const std::string& text) const {
+    return test::WithoutTimestamps(Replaced(text, folder.Path(), "<site>"));
+  }
+
+ private:
+  bool happened_ = false;
+};
+
+TEST_P(FaultInjection, LosesNoMoreThanTheTableSays) {
+  switch (failure.scene) {
+    case test::Scene::Serial:
+      return ExpectSerial(kScript);
+    case test::Scene::SilentSerial:
+      return ExpectSerial("sleep 100;exit 3");
+    case test::Scene::Smp:
+      return ExpectLaunch(kScript, LaunchSmp);
+    case test::Scene::NoProcessManager:
+      return ExpectLaunch("print Unknown option: -d;flush;sleep 100;exit 3", LaunchSmp);
+    case test::Scene::Entry:
+      return ExpectEntry();
+    case test::Scene::ConsoleEvent:
+      return ExpectConsoleEvent();
+    case test::Scene::TraceSwitch:
+      return ExpectTraceSwitch();
+    case test::Scene::ProjectIni:
+      return ExpectProjectIni();
+  }
+}
+
+/// A row's name: function, place, call.
+std::string NameOf(const testing::TestParamInfo<std::size_t>& row) {
+  const auto& [site, scene, call, error, result, console, left] = test::kFailures[row.param];
+  return site.function + "_" + std::filesystem::path(site.file).stem().string() + "_" +
+         std::to_string(site.occurrence) + "_" + std::to_string(call);
+}
+
+INSTANTIATE_TEST_SUITE_P(CallSites, FaultInjection,
+                         testing::Range<std::size_t>(0, test::kFailures.size()), NameOf);
+
+}  // namespace
+}  // namespace qvx
