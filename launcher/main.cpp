@@ -1,3 +1,6 @@
+#include <cstdlib>
+#include <exception>
+
 #include "launcher/entry_sequence.h"
 
 // Tokens on the command line are separated by "*": mingw-w64's C runtime must not expand wildcards.
@@ -6,6 +9,10 @@
 extern "C" {
 int _dowildcard = 0;  // NOLINT(bugprone-reserved-identifier): the runtime's name
 }
+
+// In place of libstdc++'s own, whose demangler would be a fifth of this program. No exception gets
+// here; if one did, the C runtime's abort would still say so.
+void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }
 #endif
 
 int main(int argumentCount, char** arguments) {

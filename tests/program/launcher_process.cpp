@@ -1,5 +1,7 @@
 #include "tests/program/launcher_process.h"
 
+#include <psapi.h>
+
 #include <chrono>
 #include <stdexcept>
 
@@ -111,6 +113,12 @@ bool LauncherProcess::SendCtrlC() const {
   CloseHandle(sender.hProcess);
   CloseHandle(sender.hThread);
   return status == 0;
+}
+
+std::size_t LauncherProcess::PeakWorkingSet() const {
+  PROCESS_MEMORY_COUNTERS counters = {};
+  GetProcessMemoryInfo(process_.hProcess, &counters, sizeof counters);
+  return counters.PeakWorkingSetSize;
 }
 
 int LauncherProcess::Wait() {

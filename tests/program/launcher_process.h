@@ -33,6 +33,9 @@ class LauncherProcess {
   /// Sends a real Ctrl-C to the launcher's console; false when that is impossible.
   bool SendCtrlC() const;
 
+  /// The most memory it had at a time, in bytes; 0 after its end.
+  std::size_t PeakWorkingSet() const;
+
   /// Waits for the end, and ends a launcher that takes more than two minutes. Exit status with all
   /// 32 bits.
   int Wait();

@@ -17,15 +17,16 @@ namespace {
 constexpr std::size_t kSideBySide = 16;
 const std::string kMpi = "C:\\NODE1\\mpi";
 const std::string kMpiWithoutManager = "C:\\NODE1\\mpi2";
+const std::string kScriptedMpi = "C:\\NODE1\\mpi3";
 
 std::vector<PlannedRun*>& Plans() {
   static std::vector<PlannedRun*> plans;
   return plans;
 }
 
-void InstallImpiexec(const std::string& folder) {
+void InstallImpiexec(const std::string& folder, const std::string& sample = "impiexec.exe") {
   std::filesystem::create_directories(folder);
-  std::filesystem::copy_file(ProgramPath("samples\\impiexec.exe"), folder + "\\impiexec.exe",
+  std::filesystem::copy_file(ProgramPath("samples\\" + sample), folder + "\\impiexec.exe",
                              std::filesystem::copy_options::overwrite_existing);
 }
 
@@ -80,17 +81,25 @@ void PlannedRun::Run() {
 void PlannedRun::RunAll() {
   InstallImpiexec(kMpi);
   InstallImpiexec(kMpiWithoutManager);
+  InstallImpiexec(kScriptedMpi, "QuorvexFakeSolver.exe");
   std::ofstream(kMpiWithoutManager + "\\impiexec_no_smpd.txt");
   const MpiInstallPathValue mpiPath;
   const DebugTraceSwitchFile traceSwitch;
-  for (const Machine machine :
-       {Machine::Plain, Machine::Traced, Machine::WithoutMpi, Machine::NoProcessManager}) {
-    mpiPath.Set(machine == Machine::NoProcessManager ? kMpiWithoutManager + "\\" : kMpi);
+  const std::map<Machine, std::string> mpiPaths = {
+      {Machine::Plain, kMpi},
+      {Machine::Traced, kMpi},
+      {Machine::WithoutMpi, ""},
+      {Machine::NoProcessManager, kMpiWithoutManager + "\\"},
+      {Machine::ScriptedMpi, kScriptedMpi},
+  };
+  for (const auto& [machine, path] : mpiPaths) {
+    mpiPath.Set(path);
     if (machine == Machine::WithoutMpi) mpiPath.Remove();
     if (machine == Machine::Traced) std::ofstream{traceSwitch.Path()};
     std::vector<PlannedRun*> runs;
-    std::ranges::copy_if(Plans(), std::back_inserter(runs),
-                         [&](const PlannedRun* run) { return run->plan_.machine == machine; });
+    std::ranges::copy_if(
+        Plans(), std::back_inserter(runs),
+        [&, wanted = machine](const PlannedRun* run) { return run->plan_.machine == wanted; });
     // All files first: a launcher would inherit one that is just being written, and keep the solver
     // in it from being started.
     for (PlannedRun* run : runs) run->LayOut();

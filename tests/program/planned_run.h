@@ -20,6 +20,7 @@ enum class Machine {
   Traced,            ///< the debug-trace switch file exists
   WithoutMpi,        ///< no MPI installation path in the registry
   NoProcessManager,  ///< impiexec.exe finds none; its path has a trailing backslash
+  ScriptedMpi,       ///< impiexec.exe is the stand-in solver
 };
 
 constexpr const char* kSerialCmx =

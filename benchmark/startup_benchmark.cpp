@@ -1,0 +1,106 @@
+// The whole way of a run to the child's end against a bare parent, which creates the same child
+// with the same flags and waits. Once inside this process, from the entry sequence on; and once
+// from the start of each one's program, which adds the loading of the libraries that the launcher
+// imports.
+#include <io.h>
+#include <windows.h>
+
+#include <array>
+#include <string>
+
+#include "benchmark/bare_parent.h"
+#include "benchmark/figures.h"
+#include "launcher/entry_sequence.h"
+#include "tests/faults/import_patch.h"
+#include "tests/support/machine_state.h"
+#include "tests/support/temporary_folder.h"
+
+extern "C" void* __imp_Sleep;
+
+namespace qvx::benchmark {
+namespace {
+
+std::string PathBeside(const char* relative) {
+  std::array<char, MAX_PATH> path;
+  GetModuleFileNameA(nullptr, path.data(), path.size());
+  return (std::filesystem::path(path.data()).parent_path() / relative).lexically_normal().string();
+}
+
+void WINAPI DoNotSleep(DWORD) {}
+
+int RunLauncher(std::string tokens) {
+  const test::ImportPatch withoutCountdown(&__imp_Sleep, reinterpret_cast<void*>(DoNotSleep));
+  std::string first = "L$1";
+  std::string name = "Qvx3DFlow.exe";
+  char* arguments[] = {first.data(), tokens.data(), name.data()};
+  return RunEntrySequence(3, arguments);
+}
+
+/// Seconds until the program prints its countdown's first line; it is ended then.
+double SecondsToCountdown(const std::string& program, std::string commandLine) {
+  SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
+  HANDLE readEnd = nullptr;
+  HANDLE writeEnd = nullptr;
+  CreatePipe(&readEnd, &writeEnd, &inheritable, 0);
+  SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput = writeEnd;
+  startup.hStdError = writeEnd;
+  PROCESS_INFORMATION process = {};
+  const double seconds = Seconds([&] {
+    CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                   &startup, &process);
+    CloseHandle(writeEnd);
+    std::string output;
+    std::array<char, 4096> chunk;
+    DWORD size = 0;
+    while (output.find("\r4") == std::string::npos &&
+           ReadFile(readEnd, chunk.data(), chunk.size(), &size, nullptr) != 0) {
+      output.append(chunk.data(), size);
+    }
+  });
+  TerminateProcess(process.hProcess, 0);
+  CloseHandle(process.hProcess);
+  CloseHandle(process.hThread);
+  CloseHandle(readEnd);
+  return seconds;
+}
+
+}  // namespace
+}  // namespace qvx::benchmark
+
+int main() {
+  using namespace qvx;
+  const test::TemporaryFolder folder;
+  const test::EnvironmentVariable script("QUORVEX_FAKE_SOLVER");
+  script.Set("exit 0");
+  folder.Write("Project\\Analysis\\Run01\\Sample01.cmx",
+               "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueLocalNoTask=1\r\n</TASKMANAGER>\r\n");
+  const std::string solver = folder.Path("Home\\Bin\\Qvx3DFlow.exe");
+  std::filesystem::create_directories(folder.Path("Home\\Bin"));
+  std::filesystem::copy_file(benchmark::PathBeside("..\\samples\\QuorvexFakeSolver.exe"), solver);
+  const std::string tokens = folder.Path("Home") + "*" + folder.Path("Project") + "*Sample*0*01";
+  const auto seconds = [](auto&& action) { return benchmark::Seconds(action); };
+  // The launcher's lines go where nobody looks.
+  const int table = _dup(1);
+  std::freopen("NUL", "w", stdout);
+  const double inside =
+      benchmark::MedianRatio([&] { return seconds([&] { benchmark::RunLauncher(tokens); }); },
+                             [&] { return seconds([&] { benchmark::RunBareParent(solver); }); });
+  std::fflush(stdout);
+  _dup2(table, 1);
+  benchmark::Report("start-up: from the entry sequence to the child's end", inside, 1.15);
+  benchmark::Report("start-up: the same with the program's own loading",
+                    benchmark::MedianRatio(
+                        [&] {
+                          return benchmark::SecondsToCountdown(
+                              benchmark::PathBeside("..\\bin\\QVXSolverLauncher.exe"),
+                              "L$1 " + tokens + " Qvx3DFlow.exe");
+                        },
+                        [&] {
+                          return benchmark::SecondsToCountdown(
+                              benchmark::PathBeside("bare_parent.exe"), "bare_parent " + solver);
+                        }));
+}

@@ -1,0 +1,58 @@
+// Two hundred whole runs with random settings, side by side. QVX_SOAK_RUN=N carries out the run of
+// that number alone, QVX_SOAK_SEED another two hundred.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/soak/random_run.h"
+
+namespace qvx::test {
+namespace {
+
+constexpr unsigned kRuns = 200;
+
+unsigned Setting(const char* name, unsigned otherwise) {
+  const char* text = std::getenv(name);
+  return text == nullptr || *text == '\0' ? otherwise : static_cast<unsigned>(std::stoul(text));
+}
+
+const unsigned kSeed = Setting("QVX_SOAK_SEED", 20261121);
+const unsigned kFirst = Setting("QVX_SOAK_RUN", 0);
+const unsigned kLast = Setting("QVX_SOAK_RUN", kRuns - 1);
+
+struct Case {
+  RandomRun expected;
+  std::unique_ptr<PlannedRun> run;
+};
+
+std::vector<Case> PlanAll() {
+  std::vector<Case> cases;
+  for (unsigned number = kFirst; number <= kLast; ++number) {
+    RandomRun random = MakeRandomRun(kSeed, number);
+    auto run = std::make_unique<PlannedRun>(random.plan);
+    cases.push_back({std::move(random), std::move(run)});
+  }
+  return cases;
+}
+
+const std::vector<Case> kCases = PlanAll();
+
+class RandomRuns : public testing::TestWithParam<unsigned> {};
+
+TEST_P(RandomRuns, ShowLogAndReturnWhatTheirSettingsSay) {
+  SCOPED_TRACE("seed " + std::to_string(kSeed));
+  const auto& [expected, run] = kCases[GetParam() - kFirst];
+  EXPECT_EQ((*run)->output, expected.output);
+  EXPECT_EQ((*run)->error, "");
+  EXPECT_EQ((*run)->status, expected.status);
+  EXPECT_EQ((*run)->logs, expected.logs);
+  EXPECT_GE((*run)->seconds, 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Soak, RandomRuns, testing::Range(kFirst, kLast + 1));
+
+}  // namespace
+}  // namespace qvx::test
