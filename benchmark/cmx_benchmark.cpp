@@ -18,17 +18,17 @@ namespace {
 /// As front ends write them: much that is not the launcher's, its four sections in between.
 std::string CmxFile(int bytes) {
   std::string file =
-      "<TASKMANAGER>\r\nIDTaskMode=1\r\nValueNoTask=4\r\n</TASKMANAGER>\r\n"
-      "<REMOTE_MACHINES>\r\nValueNoMachine=2\r\nValueLocalHost=NODE1\r\nValueMachineSetting\r\n"
-      "1=NODE1\t2\r\n2=NODE2\t2\r\nValueMachineWeighting\r\n1=0.5\r\n2=0.5\r\n"
-      "</REMOTE_MACHINES>\r\n<MESH>\r\n";
+      "<TASKMANAGER>\nIDTaskMode=1\nValueNoTask=4\n</TASKMANAGER>\n"
+      "<REMOTE_MACHINES>\nValueNoMachine=2\nValueLocalHost=NODE1\nValueMachineSetting\n"
+      "1=NODE1\t2\n2=NODE2\t2\nValueMachineWeighting\n1=0.5\n2=0.5\n"
+      "</REMOTE_MACHINES>\n<MESH>\n";
   for (int i = 0; static_cast<int>(file.size()) < bytes; ++i) {
     file += "ValueNode" + std::to_string(i) + "=" + std::to_string(i * 37 % 1000) +
-            ".125 17.25 -3.5 0.000125\r\n";
+            ".125 17.25 -3.5 0.000125\n";
   }
   return file +
-         "</MESH>\r\n<SOLID_COOL>\r\nFlag3DSolidCoolingChannel=1\r\n</SOLID_COOL>\r\n"
-         "<SOLID_MCM>\r\nFlagPrevShot=1\r\n</SOLID_MCM>\r\n";
+         "</MESH>\n<SOLID_COOL>\nFlag3DSolidCoolingChannel=1\n</SOLID_COOL>\n"
+         "<SOLID_MCM>\nFlagPrevShot=1\n</SOLID_MCM>\n";
 }
 
 void ReadProduct(const char* path) {
@@ -60,7 +60,8 @@ int main(int argumentCount, char** arguments) {
   using namespace qvx::benchmark;
   const qvx::test::TemporaryFolder folder;
   const int bytes = argumentCount == 3 ? std::atoi(arguments[2]) : 32 << 20;
-  const std::string path = folder.Write("Sample01.cmx", CmxFile(bytes));
+  const std::string path = folder.Path("Sample01.cmx");
+  std::ofstream(path) << CmxFile(bytes);  // in text mode: with the system's line ends
   if (argumentCount == 3) {
     (std::string(arguments[1]) == "product" ? ReadProduct : ReadLeast)(path.c_str());
     return 0;

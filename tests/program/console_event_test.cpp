@@ -71,6 +71,63 @@ TEST(CtrlC, DuringTheCountdownChangesNothing) {
   EXPECT_EQ(kDuringTheCountdown->status, 5);
 }
 
+const PlannedRun kOverMachines({
+    .cmx = kDmpCmx,
+    .script = "rank 2 touch <site>\\solver;rank 2 print running;await <site>\\never",
+    .meanwhile = CancelRunningSolver,
+});
+
+TEST(CtrlC, DuringADistributedRunEndsTheProcessLauncherWithItsSolvers) {
+  EXPECT_EQ(kOverMachines->complaint, "");
+  EXPECT_EQ(kOverMachines->output,
+            ConsoleOf("Launch parallel computing\r\n", "running\r\n" + kCtrlC,
+                      "C:\\NODE1\\mpi\\impiexec.exe", -9876) +
+                kCountdown);
+  EXPECT_EQ(kOverMachines->status, -9876);
+}
+
+const PlannedRun kTwice({
+    .script = kRunForLong,
+    .meanwhile = [](LauncherProcess& launcher, const Site& site) -> std::string {
+      if (!launcher.WaitForOutput("running\r\n")) return "the solver does not run";
+      if (!launcher.SendCtrlC() || !launcher.SendCtrlC()) return "Ctrl-C cannot be sent";
+      launcher.Wait();
+      return ProcessRuns(site.Read("solver")) ? "the solver still runs" : "";
+    },
+});
+
+TEST(CtrlC, MayComeTwice) {
+  EXPECT_EQ(kTwice->complaint, "");
+  const std::string rest = WithoutFirst(kTwice->output, kCtrlC);
+  EXPECT_NE(rest.find(kCtrlC), std::string::npos) << kTwice->output;
+  EXPECT_EQ(WithoutFirst(rest, kCtrlC),
+            SerialConsole("running\r\n", kFlowPath, -9876) + kCountdown);
+  EXPECT_EQ(kTwice->status, -9876);
+}
+
+const PlannedRun kInAFlood({
+    .script = "touch <site>\\solver;print running;fill 67108864 512",
+    .meanwhile = CancelRunningSolver,
+});
+
+TEST(CtrlC, InTheMiddleOfAFloodLeavesConsoleAndLogWholeUpToThere) {
+  EXPECT_EQ(kInAFlood->complaint, "");
+  EXPECT_EQ(kInAFlood->status, -9876);
+  ASSERT_EQ(kInAFlood->logs.size(), 1U);
+  const std::string& log = kInAFlood->logs.begin()->second;
+  const std::size_t begin = log.find("running\r\n");
+  const std::size_t end = log.rfind(">>> Return value of ");
+  ASSERT_LT(begin, end);
+  const std::string child = log.substr(begin, end - begin);
+  EXPECT_EQ(WithoutFirst(kInAFlood->output, kCtrlC),
+            SerialConsole(child, kFlowPath, -9876) + kCountdown);
+  std::string flood = "running\r\n";
+  while (flood.size() < child.size()) {
+    flood += "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
+  }
+  EXPECT_TRUE(flood.starts_with(child));
+}
+
 const std::string kConformal =
     std::string(kSerialCmx) + "<SOLID_COOL>\nFlag3DSolidCoolingChannel=1\n</SOLID_COOL>\n";
 

@@ -42,6 +42,23 @@ std::string EnvironmentBlock(const std::map<std::string, std::string>& added) {
   return block;
 }
 
+/// Runs a program to its end; its exit code, or -1 when it cannot be started.
+int StatusOf(const std::string& program, std::string commandLine) {
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process = {};
+  if (CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                     nullptr, &startup, &process) == 0) {
+    return -1;
+  }
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD status = 0;
+  GetExitCodeProcess(process.hProcess, &status);
+  CloseHandle(process.hProcess);
+  CloseHandle(process.hThread);
+  return static_cast<int>(status);
+}
+
 }  // namespace
 
 LauncherProcess::LauncherProcess(const LauncherStart& start) {
@@ -99,20 +116,13 @@ bool LauncherProcess::WaitForOutput(const std::string& text) {
 }
 
 bool LauncherProcess::SendCtrlC() const {
-  std::string commandLine = "send_ctrl_c " + std::to_string(process_.dwProcessId);
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION sender = {};
-  if (CreateProcessA(ProgramPath("tests\\send_ctrl_c.exe").c_str(), commandLine.data(), nullptr,
-                     nullptr, FALSE, 0, nullptr, nullptr, &startup, &sender) == 0) {
-    return false;
+  const std::string commandLine = "send_ctrl_c " + std::to_string(process_.dwProcessId);
+  // Under load Wine now and then fails to start a process or to lend its console.
+  for (int attempt = 0; attempt < 5; ++attempt) {
+    if (StatusOf(ProgramPath("tests\\send_ctrl_c.exe"), commandLine) == 0) return true;
+    Sleep(20);
   }
-  WaitForSingleObject(sender.hProcess, INFINITE);
-  DWORD status = 0;
-  GetExitCodeProcess(sender.hProcess, &status);
-  CloseHandle(sender.hProcess);
-  CloseHandle(sender.hThread);
-  return status == 0;
+  return false;
 }
 
 std::size_t LauncherProcess::PeakWorkingSet() const {

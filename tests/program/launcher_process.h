@@ -33,7 +33,9 @@ class LauncherProcess {
   /// Sends a real Ctrl-C to the launcher's console; false when that is impossible.
   bool SendCtrlC() const;
 
-  /// The most memory it had at a time, in bytes; 0 after its end.
+  bool Runs() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT; }
+
+  /// The most memory that it had at a time so far, in bytes.
   std::size_t PeakWorkingSet() const;
 
   /// Waits for the end, and ends a launcher that takes more than two minutes. Exit status with all

@@ -9,7 +9,8 @@
 namespace qvx::test {
 namespace {
 
-const std::string kImpiexec = "C:\\NODE1\\mpi\\impiexec.exe";
+// Not a std::string: the runs are planned while objects of other files may not be there yet.
+constexpr const char* kImpiexec = "C:\\NODE1\\mpi\\impiexec.exe";
 
 enum class Arguments { Flow, Shot, Shell, Plain };
 
@@ -109,7 +110,7 @@ class Generator {
     for (std::size_t i = Below(6); i > 0; --i) {
       const std::size_t kind = Below(mode_ == 0 ? 3 : 2);
       if (kind == 0) {
-        const std::string text = "line " + std::string(Below(200), 'x');
+        const std::string text = "line:" + std::string(Below(200), 'x');
         output.Add(Rank() + "print " + text + ";flush;", text + "\r\n");
       } else if (kind == 1) {
         AddFill(output);
@@ -258,8 +259,8 @@ class Generator {
     std::string commandLine = solverLine;
     std::string heading;
     if (mode_ == 1) {
-      commandLine =
-          kImpiexec + " -env 0 0 -localonly -n " + std::to_string(tasks_) + "  " + solverLine;
+      commandLine = std::string(kImpiexec) + " -env 0 0 -localonly -n " + std::to_string(tasks_) +
+                    "  " + solverLine;
     }
     if (mode_ == 2) {
       std::string hosts = "-hosts " + std::to_string(machines_.size()) + " ";
@@ -269,7 +270,7 @@ class Generator {
         heading += machine.host + ":" + std::to_string(machine.tasks) + "\r\n";
       }
       heading += "\r\n";
-      commandLine = kImpiexec + " -env 0 0 " + hosts + "  " + solverLine;
+      commandLine = std::string(kImpiexec) + " -env 0 0 " + hosts + "  " + solverLine;
     }
     run.output +=
         ConsoleOf(mode_ == 0 ? "Launch serial computing\r\n" : "Launch parallel computing\r\n",

@@ -2,8 +2,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <filesystem>
+#include <regex>
 #include <string>
 
 #include "tests/program/planned_run.h"
@@ -43,8 +44,8 @@ std::size_t floodPeak = 0;
 const PlannedRun kFlooded({
     .script = "fill " + std::to_string(kFlood) + " 65536;flush;exit 3",
     .meanwhile = [](LauncherProcess& launcher, const Site&) -> std::string {
-      if (!launcher.WaitForOutput("\r3   ")) return "no countdown";
-      floodPeak = launcher.PeakWorkingSet();
+      for (; launcher.Runs(); Sleep(100))
+        floodPeak = std::max(floodPeak, launcher.PeakWorkingSet());
       return "";
     },
 });
@@ -110,8 +111,16 @@ const PlannedRun kRunFolderMoved({
 
 TEST(RunFolder, ThatVanishesBetweenThePassesCostsTheSecondItsLogAlone) {
   EXPECT_EQ(kRunFolderMoved->complaint, "");
-  const std::string cooler = "<site>\\Home\\Bin\\Qvx3DCool.exe";
-  EXPECT_EQ(kRunFolderMoved->output, "");
+  const std::string output = std::regex_replace(
+      kRunFolderMoved->output, std::regex(R"(\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d)"), "<time>");
+  // The line about the log is not flushed, and so it may come before or behind the solver's.
+  const std::string missing =
+      "CreateFile(<site>\\Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Cool_<time>.txt)"
+      "::INVALID_HANDLE_VALUE LastError=3\r\n";
+  EXPECT_NE(output.find(missing), std::string::npos) << output;
+  EXPECT_EQ(Replaced(output, missing, ""),
+            SerialConsole("up\r\non\r\n", kSolver, 3) +
+                SerialConsole("up\r\non\r\n", "<site>\\Home\\Bin\\Qvx3DCool.exe", 3) + kCountdown);
   EXPECT_EQ(kRunFolderMoved->status, 3);
 }
 
@@ -149,6 +158,80 @@ TEST(Machines, MayBeFiveHundred) {
   EXPECT_TRUE(log.starts_with("Used compute nodes:\r\n" + nodes + "\r\nCommandline=[" +
                               kScriptedImpiexec + " -env 0 0 -hosts 500 " + hosts + "  \"<share>"))
       << log;
+}
+
+/// A distributed run whose command line has so many characters. The hosts' names make up the
+/// length; everything else is measured by a run of the same settings that could be started.
+struct LongRun {
+  explicit LongRun(int length)
+      : length(length),
+        run({.machine = Machine::ScriptedMpi,
+             .cmx = "",
+             .script = "touch <site>\\solver;print up;flush;exit 3",
+             .prepare = [length](const Site& site) { WriteCmx(site, length); }}) {}
+
+  static constexpr int kMachines = 1000;
+
+  /// The part of the command line that no host's name is in.
+  static std::string Frame(const Site& site) {
+    std::string arguments =
+        "-home \"<share>\\Home\" -project \"<share>\\Work\\sample\" -name \"Sample\" -run \"01\" "
+        "-molding 1 -option 0 -parallel 2 -processes 1000 -weights 0";
+    for (int i = 1; i < kMachines; ++i) arguments += ",0";
+    return site.Specific(std::string(kScriptedImpiexec) + " -env 0 0 -hosts 1000 " +
+                         "  \"<share>\\Home\\Bin\\Qvx3DFlow.exe\" " + arguments);
+  }
+
+  static void WriteCmx(const Site& site, int length) {
+    // Each host takes its name, a blank, a task count of one digit and a blank.
+    const auto names = static_cast<std::size_t>(length) - Frame(site).size() - kMachines * 3;
+    std::string cmx = Machines(0, "");
+    cmx = cmx.substr(0, cmx.find("ValueNoMachine")) + "ValueNoMachine=1000\nValueMachineSetting\n";
+    for (std::size_t i = 0; i < kMachines; ++i) {
+      const std::size_t name = names / kMachines + (i < names % kMachines ? 1 : 0);
+      cmx += "x=" + std::string(name, 'n') + "\t1\n";
+    }
+    site.WriteCmx(cmx + "</REMOTE_MACHINES>\n");
+  }
+
+  int length;
+  PlannedRun run;
+};
+
+// The log takes 32751 characters beside its own words; the system starts 32766.
+const LongRun kLogged(32751);
+const LongRun kTooLongForTheLog(32752);
+const LongRun kLongestForTheSystem(32766);
+const LongRun kTooLongForTheSystem(32767);
+
+TEST(CommandLine, OfUpTo32751CharactersIsLogged) {
+  EXPECT_EQ(kLogged.run->error, "");
+  EXPECT_EQ(
+      kLogged.run->output,
+      ConsoleOf("Launch parallel computing\r\n", "up\r\n", kScriptedImpiexec, 3) + kCountdown);
+  EXPECT_EQ(kLogged.run->status, 3);
+}
+
+TEST(CommandLine, ThatTheLogCannotTakeEndsTheChildAndTheLauncher) {
+  for (const LongRun* longRun : {&kTooLongForTheLog, &kLongestForTheSystem}) {
+    EXPECT_EQ(longRun->run->error, "ERROR: console log text is too long: width 32768, length " +
+                                       std::to_string(longRun->length + 16) + "\r\n");
+    EXPECT_EQ(longRun->run->output, "Launch parallel computing\r\n");
+    EXPECT_EQ(longRun->run->status, -2);
+  }
+}
+
+TEST(CommandLine, BeyondTheSystemsLimitIsReported) {
+  const RunResult& result = *kTooLongForTheSystem.run.operator->();
+  EXPECT_EQ(result.error, "");
+  EXPECT_TRUE(result.output.starts_with("Launch parallel computing\r\nCreateProcess ["));
+  // Windows has a code of its own for it, Wine calls the parameter invalid.
+  const std::string ends[] = {"] failed. system error(206)\r\n", "] failed. system error(87)\r\n"};
+  EXPECT_TRUE(result.output.ends_with(ends[0] + kCountdown) ||
+              result.output.ends_with(ends[1] + kCountdown))
+      << result.output;
+  EXPECT_EQ(result.status, -1);
+  EXPECT_TRUE(result.logs.empty());
 }
 
 }  // namespace
