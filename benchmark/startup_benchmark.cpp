@@ -11,7 +11,7 @@
 #include "benchmark/bare_parent.h"
 #include "benchmark/figures.h"
 #include "launcher/entry_sequence.h"
-#include "tests/faults/import_patch.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/machine_state.h"
 #include "tests/support/temporary_folder.h"
 

@@ -106,6 +106,7 @@ int Launch(LauncherContext& context, const LaunchKind& kind) {
     if (kind.writeLogHeading != nullptr) kind.writeLogHeading(context, child.log);
     WriteLog(context, child.log, "Commandline=[%s]\r\n", command.commandLine.c_str());
   }
+  command.commandLine = std::string();  // nobody needs it in the hours that follow
   PumpConsole(context, kind, child, pipes.hChildStdOUTRd);
   CloseHandle(kind.closesReadEnd ? pipes.hChildStdOUTRd : pipes.hChildStdOUT_Wr);
 

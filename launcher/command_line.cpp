@@ -93,8 +93,8 @@ void StoreToken(Record& record, int number, const char* token) {
   switch (number) {
     case 0: {
       CopyText(record.homeFolder, "home folder", token);
-      const std::size_t length = std::strlen(token);
-      if (length > 0 && token[length - 1] == '\\') record.homeFolder[length - 1] = '\0';
+      const std::size_t last = std::strlen(token) - 1;  // no token is empty
+      if (token[last] == '\\') record.homeFolder[last] = '\0';
       break;
     }
     case 1:

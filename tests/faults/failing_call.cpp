@@ -7,7 +7,7 @@
 #include <optional>
 #include <type_traits>
 
-#include "tests/faults/import_patch.h"
+#include "tests/support/import_patch.h"
 
 namespace qvx::test {
 namespace {

@@ -18,7 +18,7 @@
 #include "support/bounded_text.h"
 #include "tests/faults/call_sites.h"
 #include "tests/faults/failing_call.h"
-#include "tests/faults/import_patch.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
 #include "tests/windows/started_child.h"

@@ -12,7 +12,7 @@
 #include "launcher/lower_case_name.h"
 #include "tests/faults/failing_allocation.h"
 #include "tests/faults/failing_call.h"
-#include "tests/faults/import_patch.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/expect_fault.h"
 #include "tests/windows/launch_fixture.h"
 
