@@ -12,8 +12,8 @@
 #include "launcher/lower_case_name.h"
 #include "tests/faults/failing_allocation.h"
 #include "tests/faults/failing_call.h"
-#include "tests/support/import_patch.h"
 #include "tests/support/expect_fault.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/launch_fixture.h"
 
 extern "C" {

@@ -25,6 +25,11 @@ std::string Chunk(std::string_view bytes) {
   return command + ";flush;";
 }
 
+constexpr const char* kAdvice =
+    "\r\nIntel(R) MPI Library(4.0) Process Manager(smpd) is not started!\r\n"
+    "Run the following command-line as Administrator to start smpd:\r\n"
+    "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install\r\n";
+
 class SmpLaunch : public test::LaunchTest {
  protected:
   SmpLaunch() {
@@ -48,11 +53,7 @@ class SmpLaunch : public test::LaunchTest {
   void ExpectAdvice(const std::string& output) {
     script.Set(Chunk(output) + "print more;sleep 60000");
     ExpectOutcome(
-        Run(LaunchSmp), -7000, impiexec,
-        test::kParallelBanner + output +
-            "\r\nIntel(R) MPI Library(4.0) Process Manager(smpd) is not started!\r\n"
-            "Run the following command-line as Administrator to start smpd:\r\n"
-            "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install\r\n",
+        Run(LaunchSmp), -7000, impiexec, test::kParallelBanner + output + kAdvice,
         "Commandline=[" + CommandLine("4") + "]\r\n" + output +
             "\nIntel(R) MPI Library(4.0) Process Manager(smpd) is not started!\n"
             "Run the following command-line as Administrator to start smpd:\n"
@@ -117,6 +118,18 @@ TEST_F(SmpLaunch, FindsTheSignAnywhereInAChunk) {
   ExpectAdvice("Unknown option: -d");
   ExpectAdvice("at the end: Unknown option: -d");
   ExpectAdvice("Unknown option: -day");
+}
+
+TEST_F(SmpLaunch, AdvisesWithoutALogToo) {
+  CopyText(context.currentRunPath, "current run path", folder.Path("missing"));
+  script.Set(Chunk("Unknown option: -d") + "sleep 60000");
+  const test::Outcome outcome = Run(LaunchSmp);
+  EXPECT_EQ(outcome.result, -7000);
+  EXPECT_EQ(test::WithoutTimestamps(outcome.console.All()),
+            std::string(test::kParallelBanner) + "Unknown option: -d" + "CreateFile(" +
+                folder.Path("missing") +
+                "\\console_redirect_smp_Flow_TIME.txt)::INVALID_HANDLE_VALUE LastError=3\r\n" +
+                kAdvice + "\r\n" + test::ReturnValue(impiexec, -7000));
 }
 
 TEST_F(SmpLaunch, KnowsTheSignOnlyWholeAndInItsLetterCase) {
