@@ -2,34 +2,20 @@
 // (The output ends last, under Wine: the hidden console's host keeps the pipe open for a while.)
 #pragma once
 
-#include <windows.h>
-
 #include <array>
 #include <string>
 
+#include "benchmark/redirected_child.h"
+
 namespace qvx::benchmark {
 
-inline void RunBareParent(std::string solver) {
-  SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
-  HANDLE readEnd = nullptr;
-  HANDLE writeEnd = nullptr;
-  CreatePipe(&readEnd, &writeEnd, &inheritable, 0);
-  SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdOutput = writeEnd;
-  startup.hStdError = writeEnd;
-  PROCESS_INFORMATION process = {};
-  CreateProcessA(nullptr, solver.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr,
-                 &startup, &process);
-  CloseHandle(writeEnd);
+inline void RunBareParent(const std::string& solver) {
+  const RedirectedChild child(nullptr, solver, CREATE_NO_WINDOW);
   std::array<char, 4096> chunk;
   DWORD size = 0;
-  while (ReadFile(readEnd, chunk.data(), chunk.size(), &size, nullptr) != 0) {
+  while (ReadFile(child.output, chunk.data(), chunk.size(), &size, nullptr) != 0) {
   }
-  WaitForSingleObject(process.hProcess, INFINITE);
-  for (const HANDLE handle : {readEnd, process.hProcess, process.hThread}) CloseHandle(handle);
+  WaitForSingleObject(child.process.hProcess, INFINITE);
 }
 
 }  // namespace qvx::benchmark

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "benchmark/figures.h"
+#include "benchmark/redirected_child.h"
 #include "execution/console_pump.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/machine_state.h"
@@ -130,31 +131,15 @@ double Relay(Pump pump, int total, int atATime) {
   static const test::TemporaryFolder folder;
   static const test::EnvironmentVariable script("QUORVEX_FAKE_SOLVER");
   script.Set("fill " + std::to_string(total) + " " + std::to_string(atATime) + ";flush");
-  SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
-  HANDLE readEnd = nullptr;
-  HANDLE writeEnd = nullptr;
-  CreatePipe(&readEnd, &writeEnd, &inheritable, 0);
-  SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdOutput = writeEnd;
-  PROCESS_INFORMATION process = {};
-  std::string commandLine = SolverPath();
-  CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
-                 nullptr, &startup, &process);
-  CloseHandle(writeEnd);
+  const RedirectedChild child(nullptr, SolverPath(), CREATE_NO_WINDOW);
   const HANDLE log = CreateFileA(folder.Path("log").c_str(), GENERIC_WRITE, 0, nullptr,
                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   for (DWORD waiting = 0; waiting == 0; Sleep(1)) {
-    if (PeekNamedPipe(readEnd, nullptr, 0, nullptr, &waiting, nullptr) == 0) break;
+    if (PeekNamedPipe(child.output, nullptr, 0, nullptr, &waiting, nullptr) == 0) break;
   }
-  const double seconds = Seconds([&] { pump({process.hProcess, log}, readEnd); });
+  const double seconds = Seconds([&] { pump({child.process.hProcess, log}, child.output); });
   CloseHandle(log);
-  CloseHandle(readEnd);
-  WaitForSingleObject(process.hProcess, INFINITE);
-  CloseHandle(process.hProcess);
-  CloseHandle(process.hThread);
+  WaitForSingleObject(child.process.hProcess, INFINITE);
   return seconds;
 }
 
@@ -173,6 +158,8 @@ struct Counted<kSlot, Result(Arguments...)> {
   const test::ImportPatch patch{kSlot, reinterpret_cast<void*>(Call)};
 };
 
+int allocationsInPump = 0;
+
 struct Counts {
   int chunks;
   int calls;
@@ -189,18 +176,15 @@ Counts CountRelay(int total) {
   const Read read;
   const Write write;
   const Flush flush;
-  const int before = allocations;
-  int inPump = 0;
   Relay(
       [](const RunningChild& child, HANDLE output) {
-        ExitCode::count = Read::count = Write::count = Flush::count = 0;
-        allocations = 0;
+        ExitCode::count = Read::count = Write::count = Flush::count = allocations = 0;
         PumpProduct(child, output);
+        allocationsInPump = allocations;
       },
       total, 65536);
-  inPump = allocations;
-  allocations += before;
-  return {Read::count, ExitCode::count + Read::count + Write::count + Flush::count, inPump};
+  return {Read::count, ExitCode::count + Read::count + Write::count + Flush::count,
+          allocationsInPump};
 }
 
 void CompareRelays(const char* name, int atATime, bool toPipe) {

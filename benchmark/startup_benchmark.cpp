@@ -37,35 +37,18 @@ int RunLauncher(std::string tokens) {
 }
 
 /// Seconds until the program prints its countdown's first line; it is ended then.
-double SecondsToCountdown(const std::string& program, std::string commandLine) {
-  SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
-  HANDLE readEnd = nullptr;
-  HANDLE writeEnd = nullptr;
-  CreatePipe(&readEnd, &writeEnd, &inheritable, 0);
-  SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdOutput = writeEnd;
-  startup.hStdError = writeEnd;
-  PROCESS_INFORMATION process = {};
-  const double seconds = Seconds([&] {
-    CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                   &startup, &process);
-    CloseHandle(writeEnd);
+double SecondsToCountdown(const std::string& program, const std::string& commandLine) {
+  return Seconds([&] {
+    const RedirectedChild child(program.c_str(), commandLine, 0);
     std::string output;
     std::array<char, 4096> chunk;
     DWORD size = 0;
     while (output.find("\r4") == std::string::npos &&
-           ReadFile(readEnd, chunk.data(), chunk.size(), &size, nullptr) != 0) {
+           ReadFile(child.output, chunk.data(), chunk.size(), &size, nullptr) != 0) {
       output.append(chunk.data(), size);
     }
+    TerminateProcess(child.process.hProcess, 0);
   });
-  TerminateProcess(process.hProcess, 0);
-  CloseHandle(process.hProcess);
-  CloseHandle(process.hThread);
-  CloseHandle(readEnd);
-  return seconds;
 }
 
 }  // namespace

@@ -47,12 +47,16 @@ const PlannedRun kUnderMpi({
     .meanwhile = CancelRunningSolver,
 });
 
+void ExpectCancelledUnderMpi(const PlannedRun& run) {
+  EXPECT_EQ(run->complaint, "");
+  EXPECT_EQ(run->output, ConsoleOf("Launch parallel computing\r\n", "running\r\n" + kCtrlC,
+                                   "C:\\NODE1\\mpi\\impiexec.exe", -9876) +
+                             kCountdown);
+  EXPECT_EQ(run->status, -9876);
+}
+
 TEST(CtrlC, DuringAParallelRunEndsTheProcessLauncherWithItsSolvers) {
-  EXPECT_EQ(kUnderMpi->complaint, "");
-  EXPECT_EQ(kUnderMpi->output, ConsoleOf("Launch parallel computing\r\n", "running\r\n" + kCtrlC,
-                                         "C:\\NODE1\\mpi\\impiexec.exe", -9876) +
-                                   kCountdown);
-  EXPECT_EQ(kUnderMpi->status, -9876);
+  ExpectCancelledUnderMpi(kUnderMpi);
 }
 
 const PlannedRun kDuringTheCountdown({
@@ -78,12 +82,7 @@ const PlannedRun kOverMachines({
 });
 
 TEST(CtrlC, DuringADistributedRunEndsTheProcessLauncherWithItsSolvers) {
-  EXPECT_EQ(kOverMachines->complaint, "");
-  EXPECT_EQ(kOverMachines->output,
-            ConsoleOf("Launch parallel computing\r\n", "running\r\n" + kCtrlC,
-                      "C:\\NODE1\\mpi\\impiexec.exe", -9876) +
-                kCountdown);
-  EXPECT_EQ(kOverMachines->status, -9876);
+  ExpectCancelledUnderMpi(kOverMachines);
 }
 
 const PlannedRun kTwice({
