@@ -109,7 +109,7 @@ const PlannedRun kRunFolderMoved({
     },
 });
 
-TEST(RunFolder, ThatVanishesBetweenThePassesCostsTheSecondItsLogAlone) {
+TEST(RunFolder, ThatVanishesInTheFirstPassCostsTheSecondItsLogAlone) {
   EXPECT_EQ(kRunFolderMoved->complaint, "");
   const std::string output = std::regex_replace(
       kRunFolderMoved->output, std::regex(R"(\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d)"), "<time>");
