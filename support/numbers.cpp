@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <string>
 
 namespace qvx {
 
@@ -13,6 +15,10 @@ std::int32_t ParseInteger(const char* text) {
       std::clamp<long long>(std::strtoll(text, nullptr, kDecimal), Limits::min(), Limits::max()));
 }
 
-double ParseDecimal(const char* text) { return std::strtod(text, nullptr); }
+// strtod alone would also read hexadecimal numbers, infinities and NaN.
+double ParseDecimal(const char* text) {
+  const std::string decimal(text, std::strspn(text, " \t+-.0123456789eE"));
+  return std::strtod(decimal.c_str(), nullptr);
+}
 
 }  // namespace qvx

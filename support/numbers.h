@@ -10,7 +10,7 @@ namespace qvx {
 /// give the nearest limit.
 std::int32_t ParseInteger(const char* text);
 
-/// A decimal number that may have a fraction or an exponent.
+/// A decimal number that may have a fraction or an exponent; nothing else that `strtod` reads.
 double ParseDecimal(const char* text);
 
 }  // namespace qvx

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <regex>
 
 namespace qvx::fuzz {
 namespace {
@@ -58,6 +59,12 @@ std::vector<std::string> Tokens(const std::string& list) {
   return tokens;
 }
 
+double PlainDecimal(const std::string& text) {
+  static const std::regex kNumber(R"(^[ \t]*([+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?))");
+  std::smatch found;
+  return std::regex_search(text, found, kNumber) ? std::strtod(found.str(1).c_str(), nullptr) : 0;
+}
+
 }  // namespace
 
 std::string Exact(double number) {
@@ -100,7 +107,7 @@ Facts PlainParallel(const std::string& prefix, int mode, PlainFolders folders,
     std::int64_t k = 0;
     for (const PlainMachine& machine : remote.machines) {
       const int tasks = PlainInteger(machine.tasks);
-      const double weighting = std::strtod(machine.weighting.c_str(), nullptr);
+      const double weighting = PlainDecimal(machine.weighting);
       for (int i = 0; i < tasks && k < count; ++i, ++k) weights += Exact(weighting / tasks);
     }
     for (; k < count; ++k) weights += Exact(0);

@@ -33,5 +33,12 @@ TEST(ParseDecimal, ReadsFractionsAndGivesZeroForOtherText) {
   EXPECT_EQ(ParseDecimal(""), 0.0);
 }
 
+TEST(ParseDecimal, ReadsNothingButDecimalNumbers) {
+  EXPECT_EQ(ParseDecimal("0x10"), 0.0);
+  EXPECT_EQ(ParseDecimal("inf"), 0.0);
+  EXPECT_EQ(ParseDecimal("-INFINITY"), 0.0);
+  EXPECT_EQ(ParseDecimal("nan"), 0.0);
+}
+
 }  // namespace
 }  // namespace qvx
