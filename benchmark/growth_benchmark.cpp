@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "benchmark/figures.h"
 #include "execution/mpi_command_line.h"
@@ -34,7 +35,7 @@ double SecondsOf(int runs, LauncherContext& context) {
   return Seconds([&] {
     for (int i = 0; i < runs; ++i) {
       PrepareParallelSettings(context);
-      context.weightArrays.clear();
+      delete[] std::exchange(context.flowArgument.weights, nullptr);
       if (HostsList(context.remoteMachineSettings).empty()) std::abort();
     }
   });

@@ -20,22 +20,15 @@
 namespace qvx {
 namespace {
 
-std::span<double> GiveWeights(LauncherContext& context, QVXRunSettings& record) {
-  if (record.processCount < 1) return {};
-  const auto weights = AddWeights(context, static_cast<std::size_t>(record.processCount));
-  record.weights = weights.data();
-  return weights;
-}
-
 void PrepareSerial(QVXRunSettings& record) {
   record.processCount = 1;
   record.parallelMode = 0;
 }
 
-void PrepareSmp(LauncherContext& context, QVXRunSettings& record) {
+void PrepareSmp(const LauncherContext& context, QVXRunSettings& record) {
   record.parallelMode = 1;
   record.processCount = ParseInteger(context.taskManagerSettings.ValueNoTask);
-  std::ranges::fill(GiveWeights(context, record), 1.0 / record.processCount);
+  std::ranges::fill(GiveWeights(record), 1.0 / record.processCount);
 }
 
 std::int32_t SumTaskCounts(const std::vector<MachineEntry>& machines) {
@@ -58,7 +51,8 @@ void SpreadWeightings(const std::vector<MachineEntry>& machines, std::span<doubl
 }
 
 /// Moves the record's folders to the storage node's shares: cuts the local parallel working folder
-/// off the project directory and puts the share in its place. What is left stays lower case.
+/// off the project directory and puts the share in its place. What is left stays lower case,
+/// deliberately: Windows shares do not tell the cases apart.
 template <typename Record>
 void MoveFoldersToShare(LauncherContext& context, Record& record) {
   const RemoteMachineSettings& remote = context.remoteMachineSettings;
@@ -77,7 +71,8 @@ void MoveFoldersToShare(LauncherContext& context, Record& record) {
   if (kTraces) Trace(context, "After, strParallelWorkingFolder=[%s]\n", workingFolder.c_str());
   const std::size_t found = projectDirectory.find(workingFolder);
   if (found != std::string::npos) {
-    // One more for the separator behind the working folder.
+    // One more for the separator behind the working folder. A folder that is configured with a
+    // separator of its own costs the next letter; it is taken as it stands.
     projectDirectory.erase(0, found + std::strlen(remote.ValueParallelWorkingFolder) + 1);
   }
   FormatTruncated(record.projectDirectory, "\\\\%s\\%s\\%s", remote.ValueStorageNode,
@@ -90,7 +85,7 @@ void PrepareDmp(LauncherContext& context, Record& record) {
   MoveFoldersToShare(context, record);
   record.parallelMode = 2;
   record.processCount = SumTaskCounts(machines);
-  SpreadWeightings(machines, GiveWeights(context, record));
+  SpreadWeightings(machines, GiveWeights(record));
 }
 
 void CopyPreviousShot(const MultiShotSettings& settings, QVXPreviousShot& record) {

@@ -1,9 +1,15 @@
-// Picks the argument record of the run's solver family.
+// The argument record of the run's solver family: picking it, and giving it weights.
 #pragma once
+
+#include <span>
 
 #include "launcher/launcher_context.h"
 
 namespace qvx {
+
+/// `processCount` weights of 0, or none for a count below 1, when the record keeps what it has. The
+/// record owns them: the launcher never releases any. A count that cannot be allocated is a fault.
+std::span<double> GiveWeights(QVXRunSettings& record);
 
 /// Calls `visit` with the record of the context's solver class; not at all for a number that names
 /// no family.

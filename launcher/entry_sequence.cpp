@@ -4,13 +4,13 @@
 
 #include "execution/mpi_configuration.h"
 #include "launcher/command_line.h"
+#include "launcher/conformal_cooling.h"
 #include "launcher/console_control_handler.h"
 #include "launcher/debug_trace.h"
 #include "launcher/launcher_context.h"
 #include "launcher/locations.h"
 #include "launcher/process_wide_values.h"
 #include "launcher/run_driver.h"
-#include "runconfig/conformal_cooling.h"
 #include "support/bounded_text.h"
 #include "support/console.h"
 #include "support/fault.h"
@@ -46,7 +46,7 @@ void CountDown() {
 
 }  // namespace
 
-int RunEntrySequence(int argumentCount, char** arguments) {
+int RunEntrySequence(int argumentCount, char** arguments) try {
   InstallOutOfMemoryFault();
   if (argumentCount < 2) {
     Print("incorrect argument\n");
@@ -65,11 +65,13 @@ int RunEntrySequence(int argumentCount, char** arguments) {
   }
   context.conformalCoolingFlag = 0;
   if (context.solverClass == SolverClass::Cool) ApplyConformalCoolingSetting(context);
-  const bool coolsConformally =
-      context.solverClass == SolverClass::Cool && context.conformalCoolingFlag != 0;
-  const int result = coolsConformally ? RunConformalCooling(context) : RunDriver(context);
+  const int result =
+      context.conformalCoolingFlag != 0 ? RunConformalCooling(context) : RunDriver(context);
   CountDown();
   return result;
+} catch (...) {
+  // A closed library's. By now the context is gone, built or half built, last member first.
+  FaultUnexpectedException();
 }
 
 }  // namespace qvx

@@ -5,8 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
-#include <vector>
 
 #include "launcher/solver_class.h"
 #include "platform/qvx_mpi_tool.h"
@@ -68,13 +66,6 @@ struct LauncherContext {
 
   char parallelFolderName[kPathWidth] = {};
   char mpiInstallationPath[kPathWidth] = {};  ///< holds `impiexec.exe`; no trailing separator
-
-  /// Owns what the argument records' `weights` point at.
-  std::vector<std::vector<double>> weightArrays;
 };
-
-/// `count` weights of 0, for an argument record to point at; released with the context. A count
-/// that cannot be allocated is a fault.
-std::span<double> AddWeights(LauncherContext& context, std::size_t count);
 
 }  // namespace qvx

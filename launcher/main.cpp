@@ -10,8 +10,8 @@ extern "C" {
 int _dowildcard = 0;  // NOLINT(bugprone-reserved-identifier): the runtime's name
 }
 
-// In place of libstdc++'s own, whose demangler would be a fifth of this program. No exception gets
-// here; if one did, the C runtime's abort would still say so.
+// In place of libstdc++'s own, whose demangler would be a fifth of this program. Only an exception
+// that no catch can reach ends up here.
 void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }
 #endif
 

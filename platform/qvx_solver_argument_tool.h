@@ -43,7 +43,7 @@ struct QVXRunSettings {
   std::int32_t optionValue;
   std::int32_t parallelMode;  ///< 0 serial, 1 shared-memory, 2 distributed
   std::int32_t processCount;
-  const double* weights;  ///< each process's share of the work; the launcher's, never released here
+  double* weights;  ///< each process's share of the work, from new[]; owned by the record
 };
 
 /// The run whose result a multi-shot run starts from.
@@ -67,6 +67,8 @@ class QVX_SOLVER_ARGUMENT_TOOL_API CQVXFlowFlowEPackArgument : public QVXReserve
  public:
   CQVXFlowFlowEPackArgument();
   ~CQVXFlowFlowEPackArgument();
+  CQVXFlowFlowEPackArgument(const CQVXFlowFlowEPackArgument&) = delete;
+  CQVXFlowFlowEPackArgument& operator=(const CQVXFlowFlowEPackArgument&) = delete;
   void Reset();
 };
 
@@ -78,6 +80,8 @@ class QVX_SOLVER_ARGUMENT_TOOL_API CQVXCoolArgument : public QVXReservedHead,
  public:
   CQVXCoolArgument();
   ~CQVXCoolArgument();
+  CQVXCoolArgument(const CQVXCoolArgument&) = delete;
+  CQVXCoolArgument& operator=(const CQVXCoolArgument&) = delete;
   void Reset();
 };
 
@@ -88,6 +92,8 @@ class QVX_SOLVER_ARGUMENT_TOOL_API CQVXWarpArgument : public QVXRunTexts,
  public:
   CQVXWarpArgument();
   ~CQVXWarpArgument();
+  CQVXWarpArgument(const CQVXWarpArgument&) = delete;
+  CQVXWarpArgument& operator=(const CQVXWarpArgument&) = delete;
   void Reset();
 
   std::int32_t secondOptionValue;  ///< STRESS only

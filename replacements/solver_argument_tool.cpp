@@ -108,21 +108,24 @@ OptionText OptionsOf(const Record& record) {
 
 }  // namespace
 
-CQVXFlowFlowEPackArgument::CQVXFlowFlowEPackArgument() { Reset(); }
-CQVXFlowFlowEPackArgument::~CQVXFlowFlowEPackArgument() = default;
+CQVXFlowFlowEPackArgument::CQVXFlowFlowEPackArgument() : QVXRunSettings{} { Reset(); }
+CQVXFlowFlowEPackArgument::~CQVXFlowFlowEPackArgument() { delete[] weights; }
 void CQVXFlowFlowEPackArgument::Reset() {
+  delete[] weights;
   ResetGroups<QVXReservedHead, QVXRunTexts, QVXRunSettings>(*this);
 }
 
-CQVXCoolArgument::CQVXCoolArgument() { Reset(); }
-CQVXCoolArgument::~CQVXCoolArgument() = default;
+CQVXCoolArgument::CQVXCoolArgument() : QVXRunSettings{} { Reset(); }
+CQVXCoolArgument::~CQVXCoolArgument() { delete[] weights; }
 void CQVXCoolArgument::Reset() {
+  delete[] weights;
   ResetGroups<QVXReservedHead, QVXRunTexts, QVXRunSettings, QVXPreviousShot>(*this);
 }
 
-CQVXWarpArgument::CQVXWarpArgument() { Reset(); }
-CQVXWarpArgument::~CQVXWarpArgument() = default;
+CQVXWarpArgument::CQVXWarpArgument() : QVXRunSettings{} { Reset(); }
+CQVXWarpArgument::~CQVXWarpArgument() { delete[] weights; }
 void CQVXWarpArgument::Reset() {
+  delete[] weights;
   ResetGroups<QVXRunTexts, QVXRunSettings, QVXPreviousShot>(*this);
   secondOptionValue = 0;
 }

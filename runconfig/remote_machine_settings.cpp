@@ -70,8 +70,8 @@ int ReadRemoteMachineSettings(const char* path, RemoteMachineSettings& record) {
     } else if (StoreTextField(fields, setting)) {
       if (key != "ValueNoMachine") return;
       const int count = std::max(ParseInteger(record.ValueNoMachine), 0);
-      record.machines =
-          AllocateCounted<MachineEntry>("ValueNoMachine", static_cast<std::size_t>(count));
+      record.machines = AllocateCounted("ValueNoMachine", static_cast<std::size_t>(count),
+                                        [](std::size_t n) { return std::vector<MachineEntry>(n); });
     } else if (key == "ValueMachineSetting") {
       machineBlock.open = true;
     } else if (key == "ValueMachineWeighting") {
@@ -79,6 +79,7 @@ int ReadRemoteMachineSettings(const char* path, RemoteMachineSettings& record) {
     }
   });
   if (read && record.ValueStorageNode[0] == '\0') {
+    // Deliberate: a run that names no storage node shares its folders from this machine.
     CopyText(record.ValueStorageNode, "ValueStorageNode", record.ValueLocalHost);
   }
   return 0;

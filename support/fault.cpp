@@ -11,7 +11,7 @@ namespace {
 void (*endChild)(void* child) = nullptr;
 void* childToEnd = nullptr;
 
-[[noreturn]] void EndProcess() {
+[[noreturn]] void EndLauncher() {
   std::fflush(stderr);
   if (endChild != nullptr) endChild(childToEnd);
   // exit, not _Exit: lines that were printed but not flushed yet still reach the console.
@@ -20,7 +20,7 @@ void* childToEnd = nullptr;
 
 [[noreturn]] void FaultOutOfMemory() {
   std::fputs("ERROR: out of memory\n", stderr);
-  EndProcess();
+  EndLauncher();
 }
 
 }  // namespace
@@ -29,13 +29,18 @@ void* childToEnd = nullptr;
 void FaultTextTooLong(const char* field, std::size_t width, std::size_t length) {
   std::fprintf(stderr, "ERROR: %s is too long: width %s, length %s\n", field,
                std::to_string(width).c_str(), std::to_string(length).c_str());
-  EndProcess();
+  EndLauncher();
 }
 
 void FaultCannotAllocate(const char* field, std::size_t count) {
   std::fprintf(stderr, "ERROR: %s cannot be allocated: count %s\n", field,
                std::to_string(count).c_str());
-  EndProcess();
+  EndLauncher();
+}
+
+void FaultUnexpectedException() {
+  std::fputs("ERROR: unexpected exception\n", stderr);
+  EndLauncher();
 }
 
 void InstallOutOfMemoryFault() { std::set_new_handler(FaultOutOfMemory); }

@@ -1,12 +1,12 @@
-// How the launcher gives up: one line on standard error, then the end of the process with
-// kFaultStatus, without countdown. Reserved for what no run can survive: a text that its field
-// cannot hold, a count or a buffer that cannot be allocated. A child that runs is ended first, so
+// How the launcher gives up: one line on standard error, apart from the solver's output, then the
+// end of the process with kFaultStatus, without countdown. Reserved for what no run can survive: a
+// text that its field cannot hold, a count or a buffer that cannot be allocated, an exception of a
+// closed library. A child that runs is ended first, so
 // that no solver is orphaned. Main thread only.
 #pragma once
 
 #include <cstddef>
 #include <exception>
-#include <vector>
 
 namespace qvx {
 
@@ -18,6 +18,9 @@ constexpr int kFaultStatus = -2;
 
 /// `count`: the elements that could not be allocated.
 [[noreturn]] void FaultCannotAllocate(const char* field, std::size_t count);
+
+/// An exception of a closed library that nothing here can answer.
+[[noreturn]] void FaultUnexpectedException();
 
 /// Makes every failed allocation a fault, so that none becomes an exception that leaves an
 /// operation half done.
@@ -45,12 +48,12 @@ class OutOfMemoryThrows {
   void (*handler_)();
 };
 
-/// A vector of `count` value-initialised elements, or a fault that names `field`.
-template <typename Element>
-std::vector<Element> AllocateCounted(const char* field, std::size_t count) {
+/// What `allocate(count)` returns, or a fault that names `field`.
+template <typename Allocate>
+auto AllocateCounted(const char* field, std::size_t count, Allocate allocate) {
   const OutOfMemoryThrows throws;
   try {
-    return std::vector<Element>(count);
+    return allocate(count);
   } catch (const std::exception&) {
     FaultCannotAllocate(field, count);
   }

@@ -7,8 +7,9 @@
 #include "execution/parallel_settings.h"
 #include "launcher/argument_record.h"
 #include "launcher/command_line.h"
+#include "launcher/compute_mode.h"
+#include "launcher/conformal_cooling.h"
 #include "launcher/locations.h"
-#include "runconfig/conformal_cooling.h"
 #include "support/bounded_text.h"
 #include "tests/fuzz/memory_file.h"
 #include "tests/fuzz/plain_run.h"
@@ -53,12 +54,6 @@ Facts CommandLineFacts(LauncherContext& context, bool isParsed) {
   return facts;
 }
 
-ComputeMode ModeOf(const LauncherContext& context) {
-  if (IsDistributed(context.taskManagerSettings)) return ComputeMode::Dmp;
-  return std::string(context.taskManagerSettings.ValueLocalNoTask) == "1" ? ComputeMode::Serial
-                                                                          : ComputeMode::Smp;
-}
-
 }  // namespace
 
 Facts ParallelFacts(const std::string& prefix, const QVXRunTexts& texts,
@@ -97,7 +92,7 @@ Facts ProductRun(const std::vector<std::string>& arguments, const std::string& f
   if (context.solverClass == SolverClass::Cool || context.solverClass == SolverClass::Warp) {
     ReadMultiShotSettings(context.cmxPath, context.multiShotSettings);
   }
-  context.computeMode = ModeOf(context);
+  context.computeMode = DecideComputeMode(context);
   if (context.computeMode == ComputeMode::Dmp) facts["remote home"] = context.remoteHomePath;
   if (context.solverClass == SolverClass::Cool) ApplyConformalCoolingSetting(context);
   if (context.conformalCoolingFlag != 0) {

@@ -1,8 +1,9 @@
 // When a COOL run is conformal cooling, and the transfer of its arguments to the flow pre-pass.
-#include "runconfig/conformal_cooling.h"
+#include "launcher/conformal_cooling.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -141,28 +142,25 @@ TEST_F(CoolToFlowCopy, TakesOnlyAKnownParallelMode) {
 }
 
 TEST_F(CoolToFlowCopy, GivesTheFlowRecordWeightsOfItsOwn) {
-  double weights[] = {0.25, 0.5, 0.125};
   cool.processCount = 3;
-  cool.weights = weights;
+  cool.weights = new double[3]{0.25, 0.5, 0.125};
   Copy();
-  weights[0] = weights[1] = weights[2] = 9;
+  std::fill_n(cool.weights, 3, 9);
   EXPECT_EQ(flow.processCount, 3);
   EXPECT_EQ(std::vector<double>(flow.weights, flow.weights + 3),
             (std::vector<double>{0.25, 0.5, 0.125}));
 }
 
 TEST_F(CoolToFlowCopy, GivesASingleProcessItsWeight) {
-  const double weight = 0.75;
   cool.processCount = 1;
-  cool.weights = &weight;
+  cool.weights = new double[1]{0.75};
   Copy();
   ASSERT_NE(flow.weights, nullptr);
   EXPECT_EQ(flow.weights[0], 0.75);
 }
 
 TEST_F(CoolToFlowCopy, TakesACountBelowOneWithoutWeights) {
-  const double weights[] = {0.25};
-  cool.weights = weights;
+  cool.weights = new double[1]{0.25};
   for (const int count : {0, -1}) {
     flow.processCount = 9;
     cool.processCount = count;

@@ -72,14 +72,19 @@ TEST(FaultDeathTest, AFailedAllocationIsAFaultAgainBehindAScopeInWhichItThrows) 
 TEST(FaultDeathTest, ACountedAllocationThatFailsNamesItsField) {
   const auto allocate = [] {
     InstallOutOfMemoryFault();
-    AllocateCounted<int>("process weights", kTooMany);
+    AllocateCounted("process weights", kTooMany,
+                    [](std::size_t n) { return std::vector<int>(n, 7); });
   };
   EXPECT_FAULT(allocate(), "ERROR: process weights cannot be allocated: count 2000000000");
 }
 
-TEST(Fault, ACountedAllocationIsValueInitialised) {
-  EXPECT_EQ(AllocateCounted<int>("numbers", 3), (std::vector<int>{0, 0, 0}));
-  EXPECT_EQ(AllocateCounted<int>("numbers", 0), std::vector<int>{});
+TEST(Fault, ACountedAllocationIsHandedOn) {
+  EXPECT_EQ(AllocateCounted("numbers", 3, [](std::size_t n) { return std::vector<int>(n, 7); }),
+            (std::vector<int>{7, 7, 7}));
+}
+
+TEST(FaultDeathTest, AnUnexpectedExceptionIsAFault) {
+  EXPECT_FAULT(FaultUnexpectedException(), "ERROR: unexpected exception");
 }
 
 }  // namespace

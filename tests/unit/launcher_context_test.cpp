@@ -9,8 +9,6 @@
 #include <new>
 #include <vector>
 
-#include "tests/support/expect_fault.h"
-
 namespace qvx {
 namespace {
 
@@ -105,21 +103,6 @@ TEST(LauncherContext, StartsWithEmptySettings) {
   EXPECT_EQ(shot.FlagPrevShot, 0);
   EXPECT_EQ(shot.ValueShotRunID, 0);
   EXPECT_EQ(shot.FlagPrevShotProject, 0);
-}
-
-TEST(AddWeights, KeepsEarlierWeightsWhereTheyAre) {
-  LauncherContext context;
-  const std::span<double> first = AddWeights(context, 2);
-  first[1] = 0.5;
-  for (int i = 0; i < 100; ++i) AddWeights(context, 3);
-  EXPECT_EQ(context.weightArrays[0], (std::vector<double>{0, 0.5}));
-  EXPECT_EQ(context.weightArrays[0].data(), first.data());
-}
-
-TEST(AddWeightsDeathTest, RefusesACountThatMemoryCannotHold) {
-  LauncherContext context;
-  EXPECT_FAULT(AddWeights(context, 2'000'000'000),
-               "ERROR: process weights cannot be allocated: count 2000000000");
 }
 
 }  // namespace

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/bounded_text.h"
@@ -45,6 +47,11 @@ std::vector<double> WeightsOf(const QVXRunSettings& settings) {
 struct ParallelSettings : testing::Test {
   /// Returns what is printed.
   std::string Prepare(SolverClass solverClass, ComputeMode mode) {
+    // A run prepares a record once, so nothing releases weights that are given anew.
+    for (QVXRunSettings* record : std::initializer_list<QVXRunSettings*>{
+             &context.flowArgument, &context.coolArgument, &context.warpArgument}) {
+      delete[] std::exchange(record->weights, nullptr);
+    }
     context.solverClass = solverClass;
     context.computeMode = mode;
     return test::PrintedBy([&] { EXPECT_EQ(PrepareParallelSettings(context), 0); });

@@ -13,12 +13,11 @@
 namespace qvx {
 namespace {
 
-/// A record all of whose bytes are `byte`.
+/// Makes every byte of a record 'a', except that weights are some that the record can own.
 template <typename Record>
-Record FilledWith(char byte) {
-  Record record;
-  std::memset(static_cast<void*>(&record), byte, sizeof record);
-  return record;
+void Fill(Record& record) {
+  std::memset(static_cast<void*>(&record), 'a', sizeof record);
+  if constexpr (std::is_base_of_v<QVXRunSettings, Record>) record.weights = new double[1];
 }
 
 void FillRunTexts(QVXRunTexts& run) {
@@ -29,12 +28,11 @@ void FillRunTexts(QVXRunTexts& run) {
 }
 
 void FillRunSettings(QVXRunSettings& settings) {
-  static constexpr double kWeights[] = {0.5, 0.25, 1e-7};
   settings.moldingType = 1;
   settings.optionValue = -2;
   settings.parallelMode = 2;
   settings.processCount = 3;
-  settings.weights = kWeights;
+  settings.weights = new double[3]{0.5, 0.25, 1e-7};
 }
 
 void FillPreviousShot(QVXPreviousShot& shot) {
@@ -117,19 +115,19 @@ TEST(SolverArgumentTool, QuotesWhatTheCRuntimeWouldRead) {
 
 TEST(SolverArgumentTool, LeavesWeightsOutThatAreNotThere) {
   const std::string run = "-home \"\" -project \"\" -name \"\" -run \"\" -molding 0 -option 0";
-  const double weight = 1;
   CQVXFlowFlowEPackArgument record;
   record.processCount = 2;
   EXPECT_EQ(CQVXSolverArgumentTool().CreateFlowFlowEPackArgument(record),
             run + " -parallel 0 -processes 2");
   record.processCount = -1;
-  record.weights = &weight;
+  record.weights = new double[1]{1};
   EXPECT_EQ(CQVXSolverArgumentTool().CreateFlowFlowEPackArgument(record),
             run + " -parallel 0 -processes -1");
 }
 
 TEST(SolverArgumentTool, CutsBehindTheLastOptionThatFits) {
-  const auto record = FilledWith<CQVXShellFlowPackArgument>('a');
+  CQVXShellFlowPackArgument record;
+  Fill(record);
   EXPECT_EQ(CQVXSolverArgumentTool().CreateShellFlowPackArgument(record),
             "-home \"" + std::string(1024, 'a') + "\" -project \"" + std::string(1024, 'a') +
                 "\" -name \"" + std::string(256, 'a') + "\" -run \"" + std::string(32, 'a') +
@@ -183,7 +181,8 @@ using Records = testing::Types<CQVXFlowFlowEPackArgument, CQVXCoolArgument, CQVX
 TYPED_TEST_SUITE(ArgumentRecord, Records);
 
 TYPED_TEST(ArgumentRecord, IsZeroAfterItsReset) {
-  auto record = FilledWith<TypeParam>('a');
+  TypeParam record;
+  Fill(record);
   EXPECT_FALSE(IsReset(record));
   record.Reset();
   EXPECT_TRUE(IsReset(record));

@@ -1,10 +1,10 @@
-#include "runconfig/conformal_cooling.h"
+#include "launcher/conformal_cooling.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <span>
 
+#include "launcher/argument_record.h"
 #include "launcher/debug_trace.h"
 #include "runconfig/solid_cool_settings.h"
 #include "support/bounded_text.h"
@@ -43,11 +43,9 @@ int CopyCoolArgumentToFlowArgument(LauncherContext& context) {
   flow.moldingType = cool.moldingType;
   flow.optionValue = cool.optionValue == 3 ? 2 : 1;
   flow.processCount = cool.processCount;
-  if (cool.processCount > 0 && cool.weights != nullptr) {
-    const std::span<double> weights =
-        AddWeights(context, static_cast<std::size_t>(cool.processCount));
+  if (cool.weights != nullptr) {
+    const std::span<double> weights = GiveWeights(flow);
     std::copy_n(cool.weights, weights.size(), weights.begin());
-    flow.weights = weights.data();
   }
   if (cool.parallelMode >= 0 && cool.parallelMode <= 2) flow.parallelMode = cool.parallelMode;
   return 0;
