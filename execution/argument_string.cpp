@@ -37,8 +37,8 @@ const char* Create(CQVXSolverArgumentTool& tool, const CQVXOpticsArgument& recor
 
 int BuildSolverArgumentString(LauncherContext& context) {
   VisitArgumentRecord(context, [&](const auto& record) {
-    CopyText(context.solverArgumentString, "solver argument string",
-             Create(context.argumentTool, record));
+    const char* text = Create(context.argumentTool, record);
+    CopyText(context.solverArgumentString, "solver argument string", text == nullptr ? "" : text);
   });
   Trace(context, "Solver arguments = [%s]\n", context.solverArgumentString);
   return 0;

@@ -10,7 +10,7 @@
 namespace qvx {
 namespace {
 
-/// The ends that the child inherits are named without "its": hChildStdOUT_Wr and hChildStdIN_Rd.
+/// Named as the messages name them. The child inherits the two with an underscore.
 struct ChildPipes {
   HANDLE hChildStdOUTRd = nullptr;
   HANDLE hChildStdOUT_Wr = nullptr;
@@ -18,7 +18,9 @@ struct ChildPipes {
   HANDLE hChildStdINWr = nullptr;
 };
 
-/// A failure is reported and the launch goes on with the handles that there are.
+/// A failure is reported and the launch goes on with the handles that there are. The messages'
+/// spelling ("createpipe", "CLoseHandle", two names for one handle) is kept on purpose, here and in
+/// CloseChildEnds: support knows these lines as they are.
 ChildPipes CreateChildPipes() {
   ChildPipes pipes;
   SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
@@ -73,12 +75,14 @@ void CloseChildEnds(const ChildPipes& pipes) {
   }
 }
 
-void EndProcess(void* process) { TerminateProcess(process, static_cast<UINT>(kFaultStatus)); }
+void EndChild(void* process) { TerminateProcess(process, static_cast<UINT>(kFaultStatus)); }
 
 }  // namespace
 
 int Launch(LauncherContext& context, const LaunchKind& kind) {
-  const ConsoleLogNames logNames = NameConsoleLog(context, kind.modePrefix, LogTimestamp());
+  const std::string timestamp = LogTimestamp();
+  if (kind.chooseLogFolder != nullptr) kind.chooseLogFolder(context);
+  const ConsoleLogNames logNames = NameConsoleLog(context, kind.modePrefix, timestamp);
   CleanUpOldLogs(context, logNames.cleanUpPattern);
 
   const ChildPipes pipes = CreateChildPipes();
@@ -91,13 +95,14 @@ int Launch(LauncherContext& context, const LaunchKind& kind) {
   if (CreateProcessA(nullptr, command.commandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
                      nullptr, nullptr, &startup, &process) == 0) {
     const DWORD error = GetLastError();
-    // The pipes stay open here, deliberately: the launcher is about to end.
+    // The pipes stay open here, deliberately. A cooling run's second child inherits two of them;
+    // they lead nowhere.
     Print("CreateProcess [%s] failed. system error(%d)\n", command.commandLine.c_str(),
           static_cast<int>(error));
     return -1;
   }
   childProcessIdentifier = process.dwProcessId;
-  const EndChildOnFault endChildOnFault(EndProcess, process.hProcess);
+  const EndChildOnFault endChildOnFault(EndChild, process.hProcess);
 
   const RunningChild child = {process.hProcess, CreateLog(logNames.path)};
   const bool logIsOpen = child.log != INVALID_HANDLE_VALUE;
@@ -106,7 +111,8 @@ int Launch(LauncherContext& context, const LaunchKind& kind) {
     if (kind.writeLogHeading != nullptr) kind.writeLogHeading(context, child.log);
     WriteLog(context, child.log, "Commandline=[%s]\r\n", command.commandLine.c_str());
   }
-  command.commandLine = std::string();  // nobody needs it in the hours that follow
+  // Nobody needs it in the hours that follow. (An assignment would keep the buffer.)
+  std::string().swap(command.commandLine);
   PumpConsole(context, kind, child, pipes.hChildStdOUTRd);
   CloseHandle(kind.closesReadEnd ? pipes.hChildStdOUTRd : pipes.hChildStdOUT_Wr);
 

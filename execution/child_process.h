@@ -26,6 +26,8 @@ struct RunningChild {
 struct LaunchKind {
   const char* modePrefix;  ///< opens the log's file name
   const char* banner;
+  /// Moves the current run path, where the log goes; null for staying in the run folder.
+  void (*chooseLogFolder)(LauncherContext& context);
   LaunchCommand (*buildCommand)(LauncherContext& context);
   /// Log lines before the command line; null for none.
   void (*writeLogHeading)(LauncherContext& context, HANDLE log);

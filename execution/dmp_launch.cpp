@@ -9,6 +9,11 @@
 namespace qvx {
 namespace {
 
+void MoveRunPathToShare(LauncherContext& context) {
+  FormatCurrentRunPath(context);
+  Trace(context, "Current run path (remote) = %s\n", context.currentRunPath);
+}
+
 LaunchCommand BuildDmpCommand(LauncherContext& context) {
   return BuildMpiCommand(context, HostsList(context.remoteMachineSettings), context.remoteHomePath);
 }
@@ -24,6 +29,7 @@ void WriteComputeNodes(LauncherContext& context, HANDLE log) {
 constexpr LaunchKind kDmpLaunch = {
     .modePrefix = "console_redirect_dmp_",
     .banner = kParallelBanner,
+    .chooseLogFolder = MoveRunPathToShare,
     .buildCommand = BuildDmpCommand,
     .writeLogHeading = WriteComputeNodes,
     .endsPump = nullptr,
@@ -32,10 +38,6 @@ constexpr LaunchKind kDmpLaunch = {
 
 }  // namespace
 
-int LaunchDmp(LauncherContext& context) {
-  FormatCurrentRunPath(context);
-  Trace(context, "Current run path (remote) = %s\n", context.currentRunPath);
-  return Launch(context, kDmpLaunch);
-}
+int LaunchDmp(LauncherContext& context) { return Launch(context, kDmpLaunch); }
 
 }  // namespace qvx

@@ -27,8 +27,8 @@ std::wstring MpiConfigurationFolder() {
 /// Options of the MPI tool's for the process launcher, UTF-8; empty when there are none.
 std::string MpiConfiguration(LauncherContext& context) {
   const std::wstring folder = MpiConfigurationFolder();
-  const std::wstring wide =
-      context.mpiTool.GetIntelMPIConfigurationStringForMpiexec(folder.c_str());
+  const wchar_t* text = context.mpiTool.GetIntelMPIConfigurationStringForMpiexec(folder.c_str());
+  const std::wstring wide = text == nullptr ? L"" : text;
   char* utf8 = nullptr;
   context.mpiUnicodeTool.Utf16ToUtf8(wide.c_str(), utf8);
   const std::unique_ptr<char[]> owner(utf8);

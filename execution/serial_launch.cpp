@@ -21,6 +21,7 @@ LaunchCommand BuildSerialCommand(LauncherContext& context) {
 constexpr LaunchKind kSerialLaunch = {
     .modePrefix = "console_redirect_serial_",
     .banner = "Launch serial computing\n",
+    .chooseLogFolder = nullptr,
     .buildCommand = BuildSerialCommand,
     .writeLogHeading = nullptr,
     .endsPump = nullptr,

@@ -38,6 +38,7 @@ bool EndWithoutProcessManager(LauncherContext& context, const RunningChild& chil
 constexpr LaunchKind kSmpLaunch = {
     .modePrefix = "console_redirect_smp_",
     .banner = kParallelBanner,
+    .chooseLogFolder = nullptr,
     .buildCommand = BuildSmpCommand,
     .writeLogHeading = nullptr,
     .endsPump = EndWithoutProcessManager,

@@ -12,8 +12,8 @@ int SwitchDebugTrace(LauncherContext& context) {
   context.debugTraceFlag = 0;
   context.applicationDataFolder[0] = '\0';
   static_assert(kPathWidth >= MAX_PATH);
-  if (FAILED(SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_DEFAULT,
-                              context.applicationDataFolder))) {
+  if (SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_DEFAULT,
+                       context.applicationDataFolder) != S_OK) {
     return 0;
   }
   char switchFile[kPathWidth];

@@ -30,6 +30,7 @@ void SplitKeyValue(const char* line, char separator, char (&key)[kCmxTextWidth],
   const char* found = std::strchr(line, separator);
   if (found == nullptr) {
     CopyText(key, "CMX key", line);
+    // Not empty, deliberately: it tells a key without a value from an empty value.
     CopyText(value, "CMX value", "NULL");
     return;
   }
@@ -48,6 +49,7 @@ bool ReadCmxSection(const char* path, const std::string& name,
                     const std::function<void(const CmxSetting&)>& onSetting) {
   const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path, "r"));
   if (file == nullptr) {
+    // The blank in front is part of the message, deliberately.
     Print(" Read CMX file: %s failed!\n", path);
     return false;
   }

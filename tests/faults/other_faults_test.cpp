@@ -7,8 +7,11 @@
 #include <filesystem>
 #include <string>
 
+#include "execution/argument_string.h"
+#include "execution/console_log.h"
 #include "execution/mpi_launch.h"
 #include "execution/serial_launch.h"
+#include "launcher/entry_sequence.h"
 #include "launcher/lower_case_name.h"
 #include "tests/faults/failing_allocation.h"
 #include "tests/faults/failing_call.h"
@@ -18,6 +21,11 @@
 
 extern "C" {
 extern void* __imp_WriteFile;
+extern void* __imp__ZN11CQVXMPIToolC1Ev;
+extern void* __imp__ZN11CQVXMPITool40GetIntelMPIConfigurationStringForMpiexecEPKw;
+extern void* __imp__ZN22CQVXSolverArgumentToolD1Ev;
+extern void*
+    __imp__ZN22CQVXSolverArgumentTool27CreateFlowFlowEPackArgumentERK25CQVXFlowFlowEPackArgument;
 extern void* __imp__ZN15CQVXUnicodeTool11AnsiToUtf16EPKcPwi;
 extern void* __imp__ZN15CQVXUnicodeTool11Utf16ToAnsiEPKwPci;
 extern void* __imp__ZN15CQVXUnicodeTool11Utf16ToUtf8EPKwRPc;
@@ -27,7 +35,7 @@ namespace qvx {
 namespace {
 
 const auto kSystemWriteFile = reinterpret_cast<decltype(&WriteFile)>(__imp_WriteFile);
-int writesToLog = 0;
+int writes = 0;
 
 bool IsLog(HANDLE file) {
   return GetFileType(file) == FILE_TYPE_DISK && file != GetStdHandle(STD_OUTPUT_HANDLE);
@@ -42,9 +50,9 @@ BOOL WINAPI WriteOneByte(HANDLE file, const void* bytes, DWORD size, DWORD* writ
 BOOL WINAPI WriteUntilTheDiskIsFull(HANDLE file, const void* bytes, DWORD size, DWORD* written,
                                     OVERLAPPED* none) {
   if (!IsLog(file)) return kSystemWriteFile(file, bytes, size, written, none);
-  ++writesToLog;
-  if (writesToLog == 1) return kSystemWriteFile(file, bytes, size, written, none);
-  if (writesToLog == 2) return kSystemWriteFile(file, bytes, 1, written, none);
+  ++writes;
+  if (writes == 1) return kSystemWriteFile(file, bytes, size, written, none);
+  if (writes == 2) return kSystemWriteFile(file, bytes, 1, written, none);
   *written = 0;
   SetLastError(ERROR_DISK_FULL);
   return FALSE;
@@ -58,7 +66,7 @@ class Writes : public test::LaunchTest {
   }
 
   test::Outcome RunWith(decltype(&WriteFile) write) {
-    writesToLog = 0;
+    writes = 0;
     const test::ImportPatch patch(&__imp_WriteFile, reinterpret_cast<void*>(write));
     return Run(LaunchSerial);
   }
@@ -82,6 +90,26 @@ TEST_F(Writes, ToAFullDiskEndTheLogAlone) {
 /// folder of its own, the death test's; that one ends when the solver has ended too.)
 const std::string kSolverEnded =
     (std::filesystem::temp_directory_path() / "qvx_solver_ended").string();
+
+/// As a console may that shows UTF-8: it takes everything and counts characters.
+BOOL WINAPI WriteAndCountHalf(HANDLE, const void*, DWORD size, DWORD* written, OVERLAPPED*) {
+  ++writes;
+  *written = size / 2;
+  return TRUE;
+}
+
+TEST_F(Writes, ToAConsoleAreNotRepeated) {
+  const HANDLE device =
+      CreateFileA("NUL", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  ASSERT_EQ(GetFileType(device), FILE_TYPE_CHAR);
+  writes = 0;
+  {
+    const test::ImportPatch patch(&__imp_WriteFile, reinterpret_cast<void*>(WriteAndCountHalf));
+    EXPECT_NE(WriteWhole(device, "text", 4), 0);
+  }
+  EXPECT_EQ(writes, 1);
+  CloseHandle(device);
+}
 
 class OutOfMemory : public test::LaunchTest {
  protected:
@@ -127,6 +155,34 @@ TEST_F(OutOfMemory, EndsTheLauncherEvenIfTheChildCannotBeEnded) {
   test::Await(kSolverEnded);
 }
 
+void ThrowAnInteger(void*) { throw 7; }
+
+void SayThatItGoes(void*) { std::fputs("built objects are destroyed\n", stderr); }
+
+TEST(ClosedLibrary, WhoseConstructorThrowsEndsTheLauncherBehindItsOtherObjects) {
+  const test::ImportPatch constructor(&__imp__ZN11CQVXMPIToolC1Ev,
+                                      reinterpret_cast<void*>(ThrowAnInteger));
+  const test::ImportPatch destructor(&__imp__ZN22CQVXSolverArgumentToolD1Ev,
+                                     reinterpret_cast<void*>(SayThatItGoes));
+  char program[] = "launcher";
+  char tokens[] = "";
+  char* arguments[] = {program, tokens, nullptr};
+  EXPECT_FAULT(std::exit(RunEntrySequence(2, arguments)),
+               "built objects are destroyed\r?\nERROR: unexpected exception");
+}
+
+const char* NoText(void*, const void*) { return nullptr; }
+
+TEST(ClosedLibrary, ThatGivesNoArgumentTextGivesAnEmptyOne) {
+  LauncherContext context;
+  context.solverArgumentString[0] = 'x';
+  const test::ImportPatch patch(
+      &__imp__ZN22CQVXSolverArgumentTool27CreateFlowFlowEPackArgumentERK25CQVXFlowFlowEPackArgument,
+      reinterpret_cast<void*>(NoText));
+  BuildSolverArgumentString(context);
+  EXPECT_STREQ(context.solverArgumentString, "");
+}
+
 int Refuse(const CQVXUnicodeTool*, const void*, void*, int) { return -1; }
 
 TEST(LowerCaseName, LeavesATextThatCannotBeConverted) {
@@ -142,15 +198,22 @@ TEST(LowerCaseName, LeavesATextThatCannotBeConverted) {
 
 int ConvertNothing(const CQVXUnicodeTool*, const wchar_t*, char*&) { return -1; }
 
-TEST(MpiLaunch, DoesWithoutAConfigurationThatCannotBeConverted) {
+const wchar_t* NoWideText(void*, const wchar_t*) { return nullptr; }
+
+TEST(MpiLaunch, DoesWithoutAConfigurationThatIsNotThereOrCannotBeConverted) {
   LauncherContext context;
   const test::MpiInstallPathValue mpiInstallPath;
   mpiInstallPath.Set("C:\\MPI");
   const test::EnvironmentVariable versionCheck("I_MPI_SMPD_VERSION_CHECK");
-  const test::ImportPatch patch(&__imp__ZN15CQVXUnicodeTool11Utf16ToUtf8EPKwRPc,
-                                reinterpret_cast<void*>(ConvertNothing));
-  EXPECT_EQ(BuildMpiCommand(context, "-n 4", "C:\\Q").commandLine,
-            "C:\\MPI\\impiexec.exe -env 0 0 -n 4  \"C:\\Q\\Bin\\\" ");
+  const std::pair<void**, void*> failures[] = {
+      {&__imp__ZN11CQVXMPITool40GetIntelMPIConfigurationStringForMpiexecEPKw,
+       reinterpret_cast<void*>(NoWideText)},
+      {&__imp__ZN15CQVXUnicodeTool11Utf16ToUtf8EPKwRPc, reinterpret_cast<void*>(ConvertNothing)}};
+  for (const auto& [slot, function] : failures) {
+    const test::ImportPatch patch(slot, function);
+    EXPECT_EQ(BuildMpiCommand(context, "-n 4", "C:\\Q").commandLine,
+              "C:\\MPI\\impiexec.exe -env 0 0 -n 4  \"C:\\Q\\Bin\\\" ");
+  }
 }
 
 }  // namespace

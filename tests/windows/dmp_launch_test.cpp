@@ -13,9 +13,13 @@
 #include "execution/console_log.h"
 #include "launcher/process_wide_values.h"
 #include "support/bounded_text.h"
+#include "support/console.h"
 #include "tests/support/expect_fault.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
+
+extern "C" void* __imp_GetLocalTime;
 
 namespace qvx {
 namespace {
@@ -99,6 +103,17 @@ TEST_F(DmpLaunch, MovesTheCurrentRunPathToTheRecordsProject) {
                 heading + "\r\n" + commandLine);
   EXPECT_EQ(context.currentRunPath, share);
   EXPECT_EQ(context.localRunPath, runFolder);
+}
+
+void WINAPI TellTheTime(SYSTEMTIME* now) {
+  Print("the time\n");
+  *now = {};
+}
+
+TEST_F(DmpLaunch, TakesTheTimeOfItsLogFirst) {
+  context.debugTraceFlag = 1;
+  const test::ImportPatch patch(&__imp_GetLocalTime, reinterpret_cast<void*>(TellTheTime));
+  EXPECT_TRUE(Run(LaunchDmp).console.All().starts_with("the time\r\nCurrent run path (remote)"));
 }
 
 TEST_F(DmpLaunch, KeepsTheCurrentRunPathForAnUnknownClass) {
