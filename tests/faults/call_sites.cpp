@@ -1,10 +1,12 @@
 #include "tests/faults/call_sites.h"
 
+#include "tests/support/texts.h"
+
 namespace qvx::test {
 namespace {
 
-const std::string kLogName = "[console_redirect_serial_Flow_TIME.txt]";
-const std::string kSmpLogName = "[console_redirect_smp_Flow_TIME.txt]";
+const std::string kLogName = "[console_redirect_serial_Flow_<time>.txt]";
+const std::string kSmpLogName = "[console_redirect_smp_Flow_<time>.txt]";
 const std::string kOldLogs =
     "[console_redirect_serial_Flow_old1.txt]old[console_redirect_serial_Flow_old2.txt]old";
 
@@ -15,13 +17,6 @@ const std::string kAdvice =
     "Intel(R) MPI Library(4.0) Process Manager(smpd) is not started!|"
     "Run the following command-line as Administrator to start smpd:|"
     "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install|";
-
-std::string Lines(std::string text, const std::string& lineEnd) {
-  for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += lineEnd.size()) {
-    text.replace(at, 1, lineEnd);
-  }
-  return text;
-}
 
 std::string Returned(const std::string& program, int value) {
   return ">>> Return value of " + program + " = " + std::to_string(value) + "\r\n";
@@ -49,9 +44,10 @@ const std::string kNoImpiexec = "Launch parallel computing\r\nCreateProcess [\\i
 
 const std::string kSign = "Unknown option: -d\r\n";
 const std::string kUnendedSmp = "Launch parallel computing\r\n" + kSign + "\r\n" +
-                                Lines(kAdvice, "\r\n") + "\r\n" + Returned(kImpiexec, 3);
+                                Replaced(kAdvice, "|", "\r\n") + "\r\n" + Returned(kImpiexec, 3);
 const std::string kUnendedSmpLog = kSmpLogName + "Commandline=[" + kImpiexec + kSmpTail + "]\r\n" +
-                                   kSign + "\n" + Lines(kAdvice, "\n") + Returned(kImpiexec, 3);
+                                   kSign + "\n" + Replaced(kAdvice, "|", "\n") +
+                                   Returned(kImpiexec, 3);
 
 const std::string kCtrlC = "Ctrl-C is captured.\r\n";
 const std::string kCountdown = "\r4   \r3   \r2   \r1   \r0   ";
@@ -91,7 +87,7 @@ const std::vector<Failure> kFailures = {
      ""},
     {{"execution/child_process.cpp", "CreateFileA", 1}, Scene::Serial, 1, ERROR_DISK_FULL, 3,
      Serial(
-     "x\r\nCreateFile(<site>\\Project\\Analysis\\Run01\\console_redirect_serial_Flow_TIME.txt)"
+     "x\r\nCreateFile(<site>\\Project\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt)"
      "::INVALID_HANDLE_VALUE LastError=112\r\n"), ""},
     {{"execution/child_process.cpp", "CloseHandle", 1}, Scene::Serial, 1, kInvalid, 3,
      Serial("x\r\nFailed to CLoseHandle (hChildStdOUT_Wr)\r\n"), kSerialLog},

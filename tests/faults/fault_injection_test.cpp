@@ -18,22 +18,14 @@
 #include "support/bounded_text.h"
 #include "tests/faults/call_sites.h"
 #include "tests/faults/failing_call.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/no_countdown.h"
+#include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
 #include "tests/windows/started_child.h"
 
-extern "C" void* __imp_Sleep;
-
 namespace qvx {
 namespace {
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
-    text.replace(at, from.size(), to);
-  }
-  return text;
-}
 
 /// Processes, threads and files; the launches that leave pipe ends open do so on purpose.
 int OpenHandles() {
@@ -51,8 +43,6 @@ bool ProcessRuns(DWORD processIdentifier) {
   CloseHandle(process);
   return runs;
 }
-
-void WINAPI DoNotSleep(DWORD) {}
 
 /// Prints one chunk and lives until the pump waits for the next one.
 constexpr const char* kScript = "print x;flush;sleep 100;exit 3";
@@ -92,7 +82,7 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
 
   void ExpectEntry() {
     const test::DebugTraceSwitchFile withoutTrace;
-    const test::ImportPatch withoutCountdown(&__imp_Sleep, reinterpret_cast<void*>(DoNotSleep));
+    const test::NoCountdown noCountdown;
     folder.Write("Project\\Analysis\\Run01\\Sample01.cmx",
                  "<TASKMANAGER>\nIDTaskMode=0\nValueLocalNoTask=1\n</TASKMANAGER>\n");
     script.Set(kScript);
@@ -142,7 +132,7 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
   }
 
   std::string Generic(const std::string& text) const {
-    return test::WithoutTimestamps(Replaced(text, folder.Path(), "<site>"));
+    return test::WithoutTimestamps(test::Replaced(text, folder.Path(), "<site>"));
   }
 
  private:

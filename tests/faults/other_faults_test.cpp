@@ -53,7 +53,7 @@ BOOL WINAPI WriteUntilTheDiskIsFull(HANDLE file, const void* bytes, DWORD size, 
 class Writes : public test::LaunchTest {
  protected:
   Writes() {
-    logName = "console_redirect_serial_Flow_TIME.txt";
+    logName = "console_redirect_serial_Flow_<time>.txt";
     script.Set("print first;flush;print second;flush;sleep 100;exit 3");
   }
 
