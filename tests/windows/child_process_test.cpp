@@ -124,15 +124,9 @@ TEST_F(ChildProcess, SeesTwoStandardHandlesAndAConsoleWithoutWindow) {
 }
 
 TEST_F(ChildProcess, LeavesNeitherItselfNorItsThreadNorItsLogOpen) {
-  const auto count = [] {
-    return test::CountHandles([](HANDLE handle) {
-      return GetProcessId(handle) != 0 || GetThreadId(handle) != 0 ||
-             GetFileType(handle) == FILE_TYPE_DISK;
-    });
-  };
-  const int before = count();
+  const int before = test::OpenProcessesThreadsAndFiles();
   Run(LaunchSerial);
-  EXPECT_EQ(count(), before);
+  EXPECT_EQ(test::OpenProcessesThreadsAndFiles(), before);
 }
 
 TEST_F(ChildProcess, LeavesAllPipeEndsOpenWhenItCannotBeStarted) {
