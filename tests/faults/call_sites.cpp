@@ -1,10 +1,12 @@
 #include "tests/faults/call_sites.h"
 
+#include "tests/support/texts.h"
+
 namespace qvx::test {
 namespace {
 
-const std::string kLogName = "[console_redirect_serial_Flow_TIME.txt]";
-const std::string kSmpLogName = "[console_redirect_smp_Flow_TIME.txt]";
+const std::string kLogName = "[console_redirect_serial_Flow_<time>.txt]";
+const std::string kSmpLogName = "[console_redirect_smp_Flow_<time>.txt]";
 const std::string kOldLogs =
     "[console_redirect_serial_Flow_old1.txt]old[console_redirect_serial_Flow_old2.txt]old";
 
@@ -16,18 +18,11 @@ const std::string kAdvice =
     "Run the following command-line as Administrator to start smpd:|"
     "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install|";
 
-std::string Lines(std::string text, const std::string& lineEnd) {
-  for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += lineEnd.size()) {
-    text.replace(at, 1, lineEnd);
-  }
-  return text;
-}
-
 std::string Returned(const std::string& program, int value) {
   return ">>> Return value of " + program + " = " + std::to_string(value) + "\r\n";
 }
 
-/// The console of a serial launch that printed `before` in front of the solver's output.
+/// The console of a serial launch; `shown`: everything between its banner and the return value.
 std::string Serial(const std::string& shown, int value = 3) {
   return "Launch serial computing\r\n" + shown + "\r\n" + Returned(kSolver, value);
 }
@@ -49,9 +44,10 @@ const std::string kNoImpiexec = "Launch parallel computing\r\nCreateProcess [\\i
 
 const std::string kSign = "Unknown option: -d\r\n";
 const std::string kUnendedSmp = "Launch parallel computing\r\n" + kSign + "\r\n" +
-                                Lines(kAdvice, "\r\n") + "\r\n" + Returned(kImpiexec, 3);
+                                Replaced(kAdvice, "|", "\r\n") + "\r\n" + Returned(kImpiexec, 3);
 const std::string kUnendedSmpLog = kSmpLogName + "Commandline=[" + kImpiexec + kSmpTail + "]\r\n" +
-                                   kSign + "\n" + Lines(kAdvice, "\n") + Returned(kImpiexec, 3);
+                                   kSign + "\n" + Replaced(kAdvice, "|", "\n") +
+                                   Returned(kImpiexec, 3);
 
 const std::string kCtrlC = "Ctrl-C is captured.\r\n";
 const std::string kCountdown = "\r4   \r3   \r2   \r1   \r0   ";
@@ -66,6 +62,12 @@ constexpr DWORD kNoError = ERROR_SUCCESS;
 constexpr DWORD kDenied = ERROR_ACCESS_DENIED;
 constexpr DWORD kInvalid = ERROR_INVALID_HANDLE;
 
+constexpr PipeEnds kNone = {};
+/// A serial launch leaves the read end of the child's output to the system.
+constexpr PipeEnds kReadEnd = {.inheritable = 0, .own = 1};
+/// A launch without child leaves all four.
+constexpr PipeEnds kAll = {.inheritable = 2, .own = 2};
+
 }  // namespace
 
 // Rows of few lines each read better than one field a line.
@@ -75,100 +77,101 @@ const std::vector<Failure> kFailures = {
      ERROR_NO_SYSTEM_RESOURCES, 3,
      "Failed to createpipe (hChildStdOUT)\r\nFailed to SetHandleInformation (hChildStdOUTRd)\r\n"
      "Launch serial computing\r\nFailed to CLoseHandle (hChildStdOUT_Wr)\r\n\r\n" +
-     Returned(kSolver, 3), SerialLog("")},
+     Returned(kSolver, 3), SerialLog(""), kNone},
     {{"execution/child_process.cpp", "SetHandleInformation", 1}, Scene::Serial, 1, kInvalid, 3,
-     "Failed to SetHandleInformation (hChildStdOUTRd)\r\n" + kSerial, kSerialLog},
+     "Failed to SetHandleInformation (hChildStdOUTRd)\r\n" + kSerial, kSerialLog,
+     {.inheritable = 1, .own = 0}},
     {{"execution/child_process.cpp", "CreatePipe", 2}, Scene::Serial, 2,
      ERROR_NO_SYSTEM_RESOURCES, 3,
      "Failed to CreatePipe (hChildStdIN)\r\nFailed to SetHandleInformation (hChildStdINWr)\r\n" +
      Serial("x\r\nFailed to CLoseHandle (hChildStdIN_Wr)\r\n"
-     "Failed to CLoseHandle (hChildStdIN_Rd)\r\n"), kSerialLog},
+     "Failed to CLoseHandle (hChildStdIN_Rd)\r\n"), kSerialLog, kReadEnd},
     {{"execution/child_process.cpp", "SetHandleInformation", 2}, Scene::Serial, 2, kInvalid, 3,
-     "Failed to SetHandleInformation (hChildStdINWr)\r\n" + kSerial, kSerialLog},
+     "Failed to SetHandleInformation (hChildStdINWr)\r\n" + kSerial, kSerialLog, kReadEnd},
     {{"execution/child_process.cpp", "CreateProcessA", 1}, Scene::Serial, 1,
      ERROR_NOT_ENOUGH_MEMORY, -1,
      "Launch serial computing\r\nCreateProcess [" + kSolver + " -a b] failed. system error(8)\r\n",
-     ""},
+     "", kAll},
     {{"execution/child_process.cpp", "CreateFileA", 1}, Scene::Serial, 1, ERROR_DISK_FULL, 3,
      Serial(
-     "x\r\nCreateFile(<site>\\Project\\Analysis\\Run01\\console_redirect_serial_Flow_TIME.txt)"
-     "::INVALID_HANDLE_VALUE LastError=112\r\n"), ""},
+     "x\r\nCreateFile(<site>\\Project\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt)"
+     "::INVALID_HANDLE_VALUE LastError=112\r\n"), "", kReadEnd},
     {{"execution/child_process.cpp", "CloseHandle", 1}, Scene::Serial, 1, kInvalid, 3,
-     Serial("x\r\nFailed to CLoseHandle (hChildStdOUT_Wr)\r\n"), kSerialLog},
+     Serial("x\r\nFailed to CLoseHandle (hChildStdOUT_Wr)\r\n"), kSerialLog, kReadEnd},
     {{"execution/child_process.cpp", "CloseHandle", 2}, Scene::Serial, 2, kInvalid, 3,
-     Serial("x\r\nFailed to CLoseHandle (hChildStdIN_Wr)\r\n"), kSerialLog},
+     Serial("x\r\nFailed to CLoseHandle (hChildStdIN_Wr)\r\n"), kSerialLog, kReadEnd},
     {{"execution/child_process.cpp", "CloseHandle", 3}, Scene::Serial, 3, kInvalid, 3,
-     Serial("x\r\nFailed to CLoseHandle (hChildStdIN_Rd)\r\n"), kSerialLog},
+     Serial("x\r\nFailed to CLoseHandle (hChildStdIN_Rd)\r\n"), kSerialLog, kReadEnd},
     {{"execution/child_process.cpp", "CloseHandle", 4}, Scene::Serial, 4, kInvalid, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     // The child has ended when its output breaks off, as a rule; its exit code is asked for anyway.
     {{"execution/child_process.cpp", "WaitForSingleObject", 1}, Scene::Serial, 1, kInvalid, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     // No exit code is no success.
     {{"execution/child_process.cpp", "GetExitCodeProcess", 1}, Scene::Serial, 3, kDenied, -1,
-     Serial("x\r\n", -1), SerialLog("x\r\n", -1)},
+     Serial("x\r\n", -1), SerialLog("x\r\n", -1), kReadEnd},
     {{"execution/child_process.cpp", "CloseHandle", 5}, Scene::Serial, 5, kInvalid, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     {{"execution/child_process.cpp", "CloseHandle", 6}, Scene::Serial, 6, kInvalid, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     {{"execution/child_process.cpp", "CloseHandle", 7}, Scene::Serial, 7, kInvalid, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     {{"execution/console_log.cpp", "FindFirstFileA", 1}, Scene::Serial, 1, kDenied, 3,
-     kSerial, kSerialLog + kOldLogs},
+     kSerial, kSerialLog + kOldLogs, kReadEnd},
     {{"execution/console_log.cpp", "DeleteFileA", 1}, Scene::Serial, 1, ERROR_SHARING_VIOLATION, 3,
-     kSerial, kSerialLog + "[console_redirect_serial_Flow_old1.txt]old"},
+     kSerial, kSerialLog + "[console_redirect_serial_Flow_old1.txt]old", kReadEnd},
     {{"execution/console_log.cpp", "FindNextFileA", 1}, Scene::Serial, 1, kDenied, 3,
-     kSerial, kSerialLog + "[console_redirect_serial_Flow_old2.txt]old"},
+     kSerial, kSerialLog + "[console_redirect_serial_Flow_old2.txt]old", kReadEnd},
     {{"execution/console_log.cpp", "FindClose", 1}, Scene::Serial, 1, kInvalid, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 1, ERROR_DISK_FULL, 3,
-     kSerial, kLogName + "x\r\n" + Returned(kSolver, 3)},
+     kSerial, kLogName + "x\r\n" + Returned(kSolver, 3), kReadEnd},
     {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 2, ERROR_NO_DATA, 3,
-     Serial(""), kSerialLog},
+     Serial(""), kSerialLog, kReadEnd},
     {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 3, ERROR_DISK_FULL, 3,
-     kSerial, SerialLog("")},
+     kSerial, SerialLog(""), kReadEnd},
     {{"execution/console_pump.cpp", "GetStdHandle", 1}, Scene::Serial, 1, kInvalid, 3,
-     Serial(""), kSerialLog},
+     Serial(""), kSerialLog, kReadEnd},
     {{"execution/console_pump.cpp", "GetExitCodeProcess", 1}, Scene::Serial, 1, kDenied, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     {{"execution/console_pump.cpp", "ReadFile", 1}, Scene::SilentSerial, 1, ERROR_BROKEN_PIPE, 3,
-     Serial(""), SerialLog("")},
+     Serial(""), SerialLog(""), kReadEnd},
     {{"execution/console_pump.cpp", "ReadFile", 1}, Scene::Serial, 2, ERROR_NO_SYSTEM_RESOURCES, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     {{"execution/console_pump.cpp", "FlushFileBuffers", 1}, Scene::Serial, 1, kInvalid, 3,
-     kSerial, kSerialLog},
+     kSerial, kSerialLog, kReadEnd},
     {{"execution/mpi_configuration.cpp", "RegOpenKeyA", 1}, Scene::Smp, 1, kNoError, -1,
-     kNoImpiexec, ""},
+     kNoImpiexec, "", kAll},
     {{"execution/mpi_configuration.cpp", "RegQueryValueExA", 1}, Scene::Smp, 1, kNoError, -1,
-     kNoImpiexec, ""},
+     kNoImpiexec, "", kAll},
     {{"execution/mpi_configuration.cpp", "RegCloseKey", 1}, Scene::Smp, 1, kNoError, 3,
-     kSmp, kSmpLog},
+     kSmp, kSmpLog, kNone},
     {{"execution/mpi_configuration.cpp", "GetPrivateProfileStringA", 1}, Scene::ProjectIni, 1,
      kDenied, 0,
-     "", ""},
+     "", "", kNone},
     {{"execution/mpi_launch.cpp", "SHGetFolderPathW", 1}, Scene::Smp, 1, kNoError, 3,
-     kSmp, kSmpLog},
+     kSmp, kSmpLog, kNone},
     {{"execution/mpi_launch.cpp", "SHCreateDirectory", 1}, Scene::Smp, 1, kDenied, 3,
-     kSmp, kSmpLog},
+     kSmp, kSmpLog, kNone},
     {{"execution/mpi_launch.cpp", "SetEnvironmentVariableA", 1}, Scene::Smp, 1,
      ERROR_NOT_ENOUGH_MEMORY, 3,
-     kSmp, kSmpLog},
+     kSmp, kSmpLog, kNone},
     // The process launcher ends by itself then; its own exit code is reported.
     {{"execution/smp_launch.cpp", "TerminateProcess", 1}, Scene::NoProcessManager, 1, kDenied, 3,
-     kUnendedSmp, kUnendedSmpLog},
+     kUnendedSmp, kUnendedSmpLog, kNone},
     {{"launcher/console_control_handler.cpp", "SetConsoleCtrlHandler", 1}, Scene::Entry, 1,
      ERROR_NOT_ENOUGH_MEMORY, 3,
-     "ERROR: Could not set control handler\r\n" + kSerial + kCountdown, kEntryLog},
+     "ERROR: Could not set control handler\r\n" + kSerial + kCountdown, kEntryLog, kReadEnd},
     {{"launcher/console_control_handler.cpp", "OpenProcess", 1}, Scene::ConsoleEvent, 1, kDenied, 1,
-     kCtrlC, "the child runs"},
+     kCtrlC, "the child runs", kNone},
     {{"launcher/console_control_handler.cpp", "TerminateProcess", 1}, Scene::ConsoleEvent, 1,
      kDenied, 1,
-     kCtrlC, "the child runs"},
+     kCtrlC, "the child runs", kNone},
     {{"launcher/console_control_handler.cpp", "CloseHandle", 1}, Scene::ConsoleEvent, 1,
      kInvalid, 1,
-     kCtrlC, "the child ended"},
+     kCtrlC, "the child ended", kNone},
     {{"launcher/debug_trace_switch.cpp", "SHGetFolderPathA", 1}, Scene::TraceSwitch, 1, kNoError, 0,
-     "", "the trace is off"},
+     "", "the trace is off", kNone},
 };
 // clang-format on
 

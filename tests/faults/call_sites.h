@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/windows/open_handles.h"
+
 namespace qvx::test {
 
 /// What is run while the call fails.
@@ -35,8 +37,9 @@ struct Failure {
   DWORD error;          ///< the last-error code
   int result;           ///< the operation's
   std::string console;  ///< lines that are not flushed come behind what the solver printed
-  std::string left;  ///< the files in the run folder, each its name in brackets and its bytes; for
-                     ///< scenes without run folder what they changed
+  std::string left;   ///< the files in the run folder, each its name in brackets and its bytes; for
+                      ///< scenes without run folder what they changed
+  PipeEnds pipeEnds;  ///< that stay open
 };
 
 extern const std::vector<Failure> kFailures;

@@ -16,6 +16,7 @@ struct Armed {
   DWORD thread;
   int callsToGo;
   DWORD error;
+  const void* caller;
 };
 
 Armed armed;
@@ -37,6 +38,7 @@ struct Replacement<kSlot, Result(Arguments...), kResult, kEffect> {
   static Result Call(Arguments... arguments) {
     const auto call = reinterpret_cast<Result (*)(Arguments...)>(original);
     if (GetCurrentThreadId() != armed.thread || --armed.callsToGo != 0) return call(arguments...);
+    armed.caller = __builtin_return_address(0);
     if (kEffect == Effect::Happens) call(arguments...);
     SetLastError(armed.error);
     if constexpr (std::is_pointer_v<Result>) {
@@ -105,13 +107,13 @@ const std::map<std::string, Import> kImports = {
 }  // namespace
 
 FailingCall::FailingCall(const std::string& function, int call, DWORD error) {
-  armed = {.thread = GetCurrentThreadId(), .callsToGo = call, .error = error};
+  armed = {.thread = GetCurrentThreadId(), .callsToGo = call, .error = error, .caller = nullptr};
   const Import& import = kImports.at(function);
   patch.emplace(import.slot, import.replacement);
 }
 
 FailingCall::~FailingCall() { patch.reset(); }
 
-bool FailingCall::Happened() const { return armed.callsToGo <= 0; }
+const void* FailingCall::Caller() const { return armed.caller; }
 
 }  // namespace qvx::test

@@ -15,8 +15,8 @@ class FailingCall {
   FailingCall(const FailingCall&) = delete;
   FailingCall& operator=(const FailingCall&) = delete;
 
-  /// Whether the call came.
-  bool Happened() const;
+  /// Where the call came from; null when it did not come.
+  const void* Caller() const;
 };
 
 }  // namespace qvx::test

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <string>
 
 #include "execution/mpi_configuration.h"
@@ -18,30 +19,14 @@
 #include "support/bounded_text.h"
 #include "tests/faults/call_sites.h"
 #include "tests/faults/failing_call.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/no_countdown.h"
+#include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
 #include "tests/windows/started_child.h"
 
-extern "C" void* __imp_Sleep;
-
 namespace qvx {
 namespace {
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
-    text.replace(at, from.size(), to);
-  }
-  return text;
-}
-
-/// Processes, threads and files; the launches that leave pipe ends open do so on purpose.
-int OpenHandles() {
-  return test::CountHandles([](HANDLE handle) {
-    return GetProcessId(handle) != 0 || GetThreadId(handle) != 0 ||
-           GetFileType(handle) == FILE_TYPE_DISK;
-  });
-}
 
 bool ProcessRuns(DWORD processIdentifier) {
   const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, processIdentifier);
@@ -52,7 +37,18 @@ bool ProcessRuns(DWORD processIdentifier) {
   return runs;
 }
 
-void WINAPI DoNotSleep(DWORD) {}
+/// A site's function, file and occurrence in it.
+std::string NameOf(const test::CallSite& site) {
+  return site.function + "_" + std::filesystem::path(site.file).stem().string() + "_" +
+         std::to_string(site.occurrence);
+}
+
+/// No other site's row may let a call from here fail: rows that expect the same could not be told
+/// apart otherwise. The compiler may have made several calls of one site.
+void ExpectOwnCaller(const test::CallSite& site, const void* caller) {
+  static std::map<const void*, std::string> siteOf;
+  EXPECT_EQ(siteOf.emplace(caller, NameOf(site)).first->second, NameOf(site));
+}
 
 /// Prints one chunk and lives until the pump waits for the next one.
 constexpr const char* kScript = "print x;flush;sleep 100;exit 3";
@@ -63,17 +59,25 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
 
   const test::Failure& failure = test::kFailures[GetParam()];
 
-  /// Runs `operation` while the call fails; `console` without what differs from run to run.
+  /// Runs `operation` while the call fails.
   test::Outcome Fail(const std::function<int()>& operation) {
     test::Outcome outcome = {};
-    const int before = OpenHandles();
+    const void* caller = nullptr;
+    bool childRuns = false;
+    const int openBefore = test::OpenProcessesThreadsAndFiles();
+    const test::PipeEnds pipeEndsBefore = test::OpenPipeEnds();
     outcome.console = test::ConsoleOf([&] {
       const test::FailingCall failing(failure.site.function, failure.call, failure.error);
       outcome.result = operation();
-      happened_ = failing.Happened();
+      caller = failing.Caller();
+      // At once: a child that is left alone ends by itself soon.
+      childRuns = ProcessRuns(childProcessIdentifier);
     });
-    EXPECT_TRUE(happened_) << "the scene does not make this call";
-    EXPECT_EQ(OpenHandles(), before);
+    EXPECT_EQ(test::OpenProcessesThreadsAndFiles(), openBefore);
+    EXPECT_EQ(test::OpenPipeEnds() - pipeEndsBefore, failure.pipeEnds);
+    EXPECT_FALSE(childRuns);
+    EXPECT_NE(caller, nullptr) << "the scene does not make this call";
+    ExpectOwnCaller(failure.site, caller);
     return outcome;
   }
 
@@ -81,7 +85,6 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
     script.Set(solverScript);
     const test::Outcome outcome = Fail([&] { return launch(context); });
     Expect(outcome, FilesInRunFolder());
-    EXPECT_FALSE(ProcessRuns(childProcessIdentifier));
   }
 
   void ExpectSerial(const std::string& solverScript) {
@@ -92,7 +95,7 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
 
   void ExpectEntry() {
     const test::DebugTraceSwitchFile withoutTrace;
-    const test::ImportPatch withoutCountdown(&__imp_Sleep, reinterpret_cast<void*>(DoNotSleep));
+    const test::NoCountdown noCountdown;
     folder.Write("Project\\Analysis\\Run01\\Sample01.cmx",
                  "<TASKMANAGER>\nIDTaskMode=0\nValueLocalNoTask=1\n</TASKMANAGER>\n");
     script.Set(kScript);
@@ -142,11 +145,8 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
   }
 
   std::string Generic(const std::string& text) const {
-    return test::WithoutTimestamps(Replaced(text, folder.Path(), "<site>"));
+    return test::WithoutTimestamps(test::Replaced(text, folder.Path(), "<site>"));
   }
-
- private:
-  bool happened_ = false;
 };
 
 TEST_P(FaultInjection, LosesNoMoreThanTheTableSays) {
@@ -170,15 +170,14 @@ TEST_P(FaultInjection, LosesNoMoreThanTheTableSays) {
   }
 }
 
-/// A row's name: function, place, call.
-std::string NameOf(const testing::TestParamInfo<std::size_t>& row) {
-  const auto& [site, scene, call, error, result, console, left] = test::kFailures[row.param];
-  return site.function + "_" + std::filesystem::path(site.file).stem().string() + "_" +
-         std::to_string(site.occurrence) + "_" + std::to_string(call);
+/// A row's name: its site and call.
+std::string NameOfRow(const testing::TestParamInfo<std::size_t>& row) {
+  const test::Failure& failure = test::kFailures[row.param];
+  return NameOf(failure.site) + "_" + std::to_string(failure.call);
 }
 
 INSTANTIATE_TEST_SUITE_P(CallSites, FaultInjection,
-                         testing::Range<std::size_t>(0, test::kFailures.size()), NameOf);
+                         testing::Range<std::size_t>(0, test::kFailures.size()), NameOfRow);
 
 }  // namespace
 }  // namespace qvx

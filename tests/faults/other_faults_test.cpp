@@ -61,7 +61,7 @@ BOOL WINAPI WriteUntilTheDiskIsFull(HANDLE file, const void* bytes, DWORD size, 
 class Writes : public test::LaunchTest {
  protected:
   Writes() {
-    logName = "console_redirect_serial_Flow_TIME.txt";
+    logName = "console_redirect_serial_Flow_<time>.txt";
     script.Set("print first;flush;print second;flush;sleep 100;exit 3");
   }
 
@@ -86,8 +86,9 @@ TEST_F(Writes, ToAFullDiskEndTheLogAlone) {
   EXPECT_EQ(Log(), commandLine + "f");
 }
 
-/// A solver writes this when it lives to its end. (The launcher of a fault has a process and a
-/// folder of its own, the death test's; that one ends when the solver has ended too.)
+/// A solver writes this when it lives to its end; not in the fixture's folder, for the death test's
+/// process has another. EXPECT_FAULT returns only when the solver is gone too: the solver inherits
+/// the death test's pipe.
 const std::string kSolverEnded =
     (std::filesystem::temp_directory_path() / "qvx_solver_ended").string();
 

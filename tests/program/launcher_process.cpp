@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "replacements/quoted_argument.h"
-#include "tests/program/program_path.h"
+#include "tests/support/program_path.h"
 
 namespace qvx::test {
 namespace {

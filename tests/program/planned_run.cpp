@@ -8,8 +8,8 @@
 #include <iterator>
 #include <thread>
 
-#include "tests/program/program_path.h"
 #include "tests/support/machine_state.h"
+#include "tests/support/program_path.h"
 
 namespace qvx::test {
 namespace {

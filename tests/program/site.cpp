@@ -5,9 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 
-#include "tests/program/program_path.h"
+#include "tests/support/program_path.h"
 
 namespace qvx::test {
 namespace {
@@ -15,14 +14,6 @@ namespace {
 const std::string kRoot = "C:\\NODE1\\";
 
 }  // namespace
-
-std::string Replaced(std::string text, std::string_view from, std::string_view to) {
-  for (std::size_t at = text.find(from); at != std::string::npos;
-       at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
-  }
-  return text;
-}
 
 Site::Site() {
   static std::atomic<int> count = 0;
@@ -68,14 +59,12 @@ void Site::WriteCmx(std::string_view text) const {
 void Site::Remove(std::string_view relative) const { std::filesystem::remove_all(Path(relative)); }
 
 std::map<std::string, std::string> Site::Logs() const {
-  static const std::regex timestamp("\\d{4}-\\d\\d-\\d\\d_\\d\\d-\\d\\d-\\d\\d");
   std::map<std::string, std::string> logs;
   std::error_code noFolder;
   for (const auto& entry : std::filesystem::directory_iterator(RunFolder(), noFolder)) {
     const std::string name = entry.path().filename().string();
     if (!name.starts_with("console_redirect_") || !entry.is_regular_file()) continue;
-    logs[std::regex_replace(name, timestamp, "<time>")] =
-        Generic(Read("Work\\Sample\\Analysis\\Run01\\" + name));
+    logs[WithoutTimestamps(name)] = Generic(Read("Work\\Sample\\Analysis\\Run01\\" + name));
   }
   return logs;
 }

@@ -6,10 +6,9 @@
 #include <string>
 #include <string_view>
 
-namespace qvx::test {
+#include "tests/support/texts.h"
 
-/// Replaces every `from` in `text` by `to`.
-std::string Replaced(std::string text, std::string_view from, std::string_view to);
+namespace qvx::test {
 
 class Site {
  public:
@@ -31,7 +30,7 @@ class Site {
   void WriteCmx(std::string_view text) const;
   void Remove(std::string_view relative) const;
 
-  /// Console logs of the run folder: bytes by name, the timestamp in a name replaced by <time>.
+  /// Console logs of the run folder: bytes by name, names WithoutTimestamps.
   std::map<std::string, std::string> Logs() const;
 
   /// In tests' texts, <site> stands for the folder, <share> for the same folder on \\NODE1, and

@@ -12,6 +12,7 @@
 #include "launcher/console_control_handler.h"
 #include "launcher/process_wide_values.h"
 #include "support/bounded_text.h"
+#include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
 
@@ -20,7 +21,7 @@ namespace {
 
 class ChildProcess : public test::LaunchTest {
  protected:
-  ChildProcess() { logName = "console_redirect_serial_Flow_TIME.txt"; }
+  ChildProcess() { logName = "console_redirect_serial_Flow_<time>.txt"; }
 
   /// The child says "up" and waits until `whileItRuns` is done, which begins when that is logged.
   template <typename Action>
@@ -101,7 +102,7 @@ TEST_F(ChildProcess, RunsWithoutALogWhenTheRunFolderIsMissing) {
   EXPECT_EQ(outcome.console.written, shown);
   EXPECT_EQ(test::WithoutTimestamps(outcome.console.buffered),
             "CreateFile(" + folder.Path("missing") +
-                "\\console_redirect_serial_Flow_TIME.txt)::INVALID_HANDLE_VALUE LastError=3\r\n"
+                "\\console_redirect_serial_Flow_<time>.txt)::INVALID_HANDLE_VALUE LastError=3\r\n"
                 "\r\n" +
                 test::ReturnValue(solver, 3));
 }
@@ -124,15 +125,9 @@ TEST_F(ChildProcess, SeesTwoStandardHandlesAndAConsoleWithoutWindow) {
 }
 
 TEST_F(ChildProcess, LeavesNeitherItselfNorItsThreadNorItsLogOpen) {
-  const auto count = [] {
-    return test::CountHandles([](HANDLE handle) {
-      return GetProcessId(handle) != 0 || GetThreadId(handle) != 0 ||
-             GetFileType(handle) == FILE_TYPE_DISK;
-    });
-  };
-  const int before = count();
+  const int before = test::OpenProcessesThreadsAndFiles();
   Run(LaunchSerial);
-  EXPECT_EQ(count(), before);
+  EXPECT_EQ(test::OpenProcessesThreadsAndFiles(), before);
 }
 
 TEST_F(ChildProcess, LeavesAllPipeEndsOpenWhenItCannotBeStarted) {

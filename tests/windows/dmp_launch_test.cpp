@@ -28,7 +28,7 @@ class DmpLaunch : public test::LaunchTest {
  protected:
   DmpLaunch() {
     logFolder = share;
-    logName = "console_redirect_dmp_Flow_TIME.txt";
+    logName = "console_redirect_dmp_Flow_<time>.txt";
     MakeFiles(share, {});
     CopyText(context.flowArgument.projectDirectory, "project directory", folder.Path("Share"));
     CopyText(context.flowArgument.runNumber, "run number", "07");
@@ -119,7 +119,7 @@ TEST_F(DmpLaunch, TakesTheTimeOfItsLogFirst) {
 TEST_F(DmpLaunch, KeepsTheCurrentRunPathForAnUnknownClass) {
   context.solverClass = SolverClass{13};
   logFolder = runFolder;
-  logName = "console_redirect_dmp__TIME.txt";
+  logName = "console_redirect_dmp__<time>.txt";
   ExpectRun(hosts, heading);
 }
 

@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 
 #include "launcher/process_wide_values.h"
 #include "support/bounded_text.h"
-#include "tests/windows/started_child.h"
+#include "tests/support/program_path.h"
+#include "tests/support/texts.h"
 
 namespace qvx::test {
 namespace {
@@ -23,10 +23,6 @@ void Await(const std::string& path) {
   constexpr int kMostPolls = 6000;
   for (int i = 0; i < kMostPolls && !fs::exists(path); ++i) Sleep(kPollMilliseconds);
   EXPECT_TRUE(fs::exists(path)) << path;
-}
-
-std::string WithoutTimestamps(const std::string& text) {
-  return std::regex_replace(text, std::regex(R"(\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d)"), "TIME");
 }
 
 std::string ReturnValue(const std::string& path, int value) {
@@ -100,7 +96,7 @@ LaunchTest::Names LaunchTest::NamesIn(const std::string& inFolder) {
 
 void LaunchTest::Install(const std::string& sample, const std::string& program) {
   fs::create_directories(fs::path(program).parent_path());
-  fs::copy_file(SamplePath(sample), program, fs::copy_options::overwrite_existing);
+  fs::copy_file(ProgramPath("samples\\" + sample), program, fs::copy_options::overwrite_existing);
 }
 
 }  // namespace qvx::test

@@ -26,9 +26,6 @@ struct Outcome {
 /// Waits until the file is there.
 void Await(const std::string& path);
 
-/// `text` with "TIME" for every timestamp of a log name.
-std::string WithoutTimestamps(const std::string& text);
-
 /// The last line of a log.
 std::string ReturnValue(const std::string& path, int value);
 

@@ -20,6 +20,13 @@ int CountHandles(Predicate&& isCounted) {
   return count;
 }
 
+inline int OpenProcessesThreadsAndFiles() {
+  return CountHandles([](HANDLE handle) {
+    return GetProcessId(handle) != 0 || GetThreadId(handle) != 0 ||
+           GetFileType(handle) == FILE_TYPE_DISK;
+  });
+}
+
 struct PipeEnds {
   int inheritable = 0;
   int own = 0;

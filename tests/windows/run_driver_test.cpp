@@ -140,7 +140,7 @@ TEST_F(RunDriverTest, LeavesOffWhileTheAbortFlagIsSet) {
 }
 
 TEST_F(RunDriverTest, StartsTheSolverInASerialRun) {
-  logName = "console_redirect_serial_Stress_TIME.txt";
+  logName = "console_redirect_serial_Stress_<time>.txt";
   script.Set("exit 11");
   const test::Outcome outcome = Drive();
   ExpectOutcome(outcome, 11, solver, test::kSerialBanner,
@@ -148,7 +148,7 @@ TEST_F(RunDriverTest, StartsTheSolverInASerialRun) {
 }
 
 TEST_F(RunDriverTest, StartsTheProcessLauncherInASharedMemoryRun) {
-  logName = "console_redirect_smp_Stress_TIME.txt";
+  logName = "console_redirect_smp_Stress_<time>.txt";
   SetTasks("0", "2");
   script.Set("exit 12");
   const test::Outcome outcome = Drive();
@@ -165,7 +165,7 @@ TEST_F(RunDriverTest, StartsTheProcessLauncherOnTheShareInADistributedRun) {
   CopyText(context.remoteMachineSettings.ValueNoMachine, "ValueNoMachine", "0");
   CopyText(context.remoteHomePath, "remote home path", "\\\\srv\\Quorvex");
   logFolder = folder.Path("Share\\project\\Analysis\\Run01");
-  logName = "console_redirect_dmp_Stress_TIME.txt";
+  logName = "console_redirect_dmp_Stress_<time>.txt";
   MakeFiles(logFolder, {});
   SetTasks("1", "1");
   script.Set("exit 13");

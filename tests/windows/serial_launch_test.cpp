@@ -7,6 +7,7 @@
 
 #include "support/bounded_text.h"
 #include "tests/support/expect_fault.h"
+#include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 class SerialLaunch : public test::LaunchTest {
  protected:
-  SerialLaunch() { logName = "console_redirect_serial_Flow_TIME.txt"; }
+  SerialLaunch() { logName = "console_redirect_serial_Flow_<time>.txt"; }
 
   /// Runs `commands` in the solver, which prints `output`.
   void ExpectRun(const std::string& commands, const std::string& output, int result) {
@@ -78,13 +79,13 @@ TEST_F(SerialLaunch, ReplacesTheLogsOfItsModeAndClassOnly) {
   EXPECT_NE(names[0], "console_redirect_serial_Flow_2024-03-05_09-07-02.txt");
   names[0] = test::WithoutTimestamps(names[0]);
   EXPECT_EQ(names,
-            (Names{"console_redirect_serial_Flow_TIME.txt", "console_redirect_serial_Warp_a.txt",
+            (Names{"console_redirect_serial_Flow_<time>.txt", "console_redirect_serial_Warp_a.txt",
                    "console_redirect_smp_Flow_a.txt"}));
 }
 
 TEST_F(SerialLaunch, NamesItsLogWithoutALabelForAnUnknownClassAndDeletesThoseOfAllClasses) {
   context.solverClass = SolverClass{13};
-  logName = "console_redirect_serial__TIME.txt";
+  logName = "console_redirect_serial__<time>.txt";
   MakeFiles(runFolder, {"console_redirect_serial_Pack_a.txt"});
   ExpectRun("exit 2", "", 2);
 }

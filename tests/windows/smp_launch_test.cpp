@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "support/bounded_text.h"
+#include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
 
@@ -33,7 +34,7 @@ constexpr const char* kAdvice =
 class SmpLaunch : public test::LaunchTest {
  protected:
   SmpLaunch() {
-    logName = "console_redirect_smp_Flow_TIME.txt";
+    logName = "console_redirect_smp_Flow_<time>.txt";
     CopyText(context.taskManagerSettings.ValueNoTask, "ValueNoTask", "4");
   }
 
@@ -128,7 +129,7 @@ TEST_F(SmpLaunch, AdvisesWithoutALogToo) {
   EXPECT_EQ(test::WithoutTimestamps(outcome.console.All()),
             std::string(test::kParallelBanner) + "Unknown option: -d" + "CreateFile(" +
                 folder.Path("missing") +
-                "\\console_redirect_smp_Flow_TIME.txt)::INVALID_HANDLE_VALUE LastError=3\r\n" +
+                "\\console_redirect_smp_Flow_<time>.txt)::INVALID_HANDLE_VALUE LastError=3\r\n" +
                 kAdvice + "\r\n" + test::ReturnValue(impiexec, -7000));
 }
 

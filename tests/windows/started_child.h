@@ -7,9 +7,6 @@
 
 namespace qvx::test {
 
-/// A program of the build's samples folder, which lies beside the folder of the tests.
-std::string SamplePath(const std::string& name);
-
 class StartedChild {
  public:
   /// `script`: see the scripted solver.

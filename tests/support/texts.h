@@ -1,0 +1,24 @@
+// Turns a run's texts into what tests expect.
+#pragma once
+
+#include <regex>
+#include <string>
+#include <string_view>
+
+namespace qvx::test {
+
+/// Replaces every `from` in `text` by `to`.
+inline std::string Replaced(std::string text, std::string_view from, std::string_view to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+/// `text` with "<time>" for every timestamp of a log name.
+inline std::string WithoutTimestamps(const std::string& text) {
+  static const std::regex timestamp(R"(\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d)");
+  return std::regex_replace(text, timestamp, "<time>");
+}
+
+}  // namespace qvx::test
