@@ -28,16 +28,6 @@ void ExpectSerial(const PlannedRun& run, const std::string& child) {
   EXPECT_TRUE(run->logs == (Logs{{kLogName, LogOf(kCommandLine, child, kSolver, 3)}}));
 }
 
-/// What the solver's command `fill` writes.
-std::string Filled(std::size_t total) {
-  std::string bytes;
-  while (bytes.size() < total) {
-    bytes += "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
-  }
-  bytes.resize(total);
-  return bytes;
-}
-
 constexpr std::size_t kFlood = std::size_t{256} << 20;
 std::size_t floodPeak = 0;
 
