@@ -120,6 +120,15 @@ std::string LogOf(const std::string& commandLine, const std::string& child,
          " = " + std::to_string(status) + "\r\n";
 }
 
+std::string Filled(std::size_t total) {
+  std::string bytes;
+  while (bytes.size() < total) {
+    bytes += "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
+  }
+  bytes.resize(total);
+  return bytes;
+}
+
 std::string FlowArguments(const std::string& parallel) {
   return "-home \"<site>\\Home\" -project \"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" "
          "-molding 1 -option 0 " +

@@ -95,6 +95,9 @@ inline std::string SerialConsole(const std::string& child, const std::string& pa
 std::string LogOf(const std::string& commandLine, const std::string& child,
                   const std::string& reportedPath, int status);
 
+/// What the stand-in solver's command `fill` writes.
+std::string Filled(std::size_t total);
+
 /// The argument string of the FLOW and PACK record.
 std::string FlowArguments(const std::string& parallel);
 constexpr const char* kSerialSettings = "-parallel 0 -processes 1";

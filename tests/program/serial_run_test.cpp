@@ -66,21 +66,14 @@ TEST(SerialRun, KeepsBytesThatAreNoText) {
   EXPECT_EQ(kHighBytes->logs, OneLog(bytes, 0));
 }
 
-std::string Pattern(std::size_t size) {
-  const std::string line = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
-  std::string text;
-  while (text.size() < size) text += line;
-  return text.substr(0, size);
-}
-
 const PlannedRun kFullChunk({.script = "fill 4096 4096;flush;fill 4097 4097;flush"});
 const PlannedRun kMebibyte({.script = "fill 1048576 65536;flush"});
 
 TEST(SerialRun, LosesNothingOfFullChunks) {
-  EXPECT_EQ(kFullChunk->output, Console(Pattern(4096) + Pattern(4097), 0));
-  EXPECT_EQ(kFullChunk->logs, OneLog(Pattern(4096) + Pattern(4097), 0));
-  EXPECT_EQ(kMebibyte->output, Console(Pattern(1048576), 0));
-  EXPECT_EQ(kMebibyte->logs, OneLog(Pattern(1048576), 0));
+  EXPECT_EQ(kFullChunk->output, Console(Filled(4096) + Filled(4097), 0));
+  EXPECT_EQ(kFullChunk->logs, OneLog(Filled(4096) + Filled(4097), 0));
+  EXPECT_EQ(kMebibyte->output, Console(Filled(1048576), 0));
+  EXPECT_EQ(kMebibyte->logs, OneLog(Filled(1048576), 0));
 }
 
 const PlannedRun kSilent({.script = "exit 0"});

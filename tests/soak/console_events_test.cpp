@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "tests/program/planned_run.h"
+#include "tests/soak/setting.h"
 
 namespace qvx::test {
 namespace {
 
-constexpr unsigned kSeed = 20261121;
 constexpr int kRuns = 48;
 const std::string kCtrlC = "Ctrl-C is captured.\r\n";
 const std::string kSolver = "<site>\\Home\\Bin\\Qvx3DFlow.exe";
@@ -30,7 +30,7 @@ RunPlan CancelAround(int milliseconds, int solverLives) {
 }
 
 std::vector<std::unique_ptr<PlannedRun>> PlanAll() {
-  std::mt19937 random(kSeed);
+  std::mt19937 random(Seed());
   std::vector<std::unique_ptr<PlannedRun>> runs;
   for (int i = 0; i < kRuns; ++i) {
     runs.push_back(std::make_unique<PlannedRun>(
@@ -42,6 +42,7 @@ std::vector<std::unique_ptr<PlannedRun>> PlanAll() {
 const std::vector<std::unique_ptr<PlannedRun>> kEnds = PlanAll();
 
 TEST(CtrlC, AroundTheSolversEndLosesNothing) {
+  SCOPED_TRACE("seed " + std::to_string(Seed()));
   int cancelled = 0;
   for (const auto& run : kEnds) {
     EXPECT_EQ((*run)->complaint, "");

@@ -123,15 +123,10 @@ class Generator {
 
   /// Many chunks, however they fall.
   void AddFill(Output& output) {
-    const std::string pattern =
-        "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
     const std::size_t total = Below(60'000) + 1;
-    std::string bytes;
-    while (bytes.size() < total) bytes += pattern;
-    bytes.resize(total);
     output.Add(Rank() + "fill " + std::to_string(total) + " " + std::to_string(Below(9000) + 1) +
                    ";flush;",
-               bytes);
+               Filled(total));
   }
 
   /// Any bytes, zero among them.

@@ -2,24 +2,18 @@
 // that number alone, QVX_SOAK_SEED another two hundred.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "tests/soak/random_run.h"
+#include "tests/soak/setting.h"
 
 namespace qvx::test {
 namespace {
 
 constexpr unsigned kRuns = 200;
 
-unsigned Setting(const char* name, unsigned otherwise) {
-  const char* text = std::getenv(name);
-  return text == nullptr || *text == '\0' ? otherwise : static_cast<unsigned>(std::stoul(text));
-}
-
-const unsigned kSeed = Setting("QVX_SOAK_SEED", 20261121);
 const unsigned kFirst = Setting("QVX_SOAK_RUN", 0);
 const unsigned kLast = Setting("QVX_SOAK_RUN", kRuns - 1);
 
@@ -31,7 +25,7 @@ struct Case {
 std::vector<Case> PlanAll() {
   std::vector<Case> cases;
   for (unsigned number = kFirst; number <= kLast; ++number) {
-    RandomRun random = MakeRandomRun(kSeed, number);
+    RandomRun random = MakeRandomRun(Seed(), number);
     auto run = std::make_unique<PlannedRun>(random.plan);
     cases.push_back({std::move(random), std::move(run)});
   }
@@ -43,7 +37,7 @@ const std::vector<Case> kCases = PlanAll();
 class RandomRuns : public testing::TestWithParam<unsigned> {};
 
 TEST_P(RandomRuns, ShowLogAndReturnWhatTheirSettingsSay) {
-  SCOPED_TRACE("seed " + std::to_string(kSeed));
+  SCOPED_TRACE("seed " + std::to_string(Seed()));
   const auto& [expected, run] = kCases[GetParam() - kFirst];
   EXPECT_EQ((*run)->output, expected.output);
   EXPECT_EQ((*run)->error, "");

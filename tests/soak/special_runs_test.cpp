@@ -28,16 +28,6 @@ void ExpectSerial(const PlannedRun& run, const std::string& child) {
   EXPECT_TRUE(run->logs == (Logs{{kLogName, LogOf(kCommandLine, child, kSolver, 3)}}));
 }
 
-/// What the solver's command `fill` writes.
-std::string Filled(std::size_t total) {
-  std::string bytes;
-  while (bytes.size() < total) {
-    bytes += "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
-  }
-  bytes.resize(total);
-  return bytes;
-}
-
 constexpr std::size_t kFlood = std::size_t{256} << 20;
 std::size_t floodPeak = 0;
 
@@ -94,7 +84,7 @@ TEST(RunFolder, KeepsItsLogWhenSomebodyRemovesIt) {
   ExpectSerial(kRunFolderCleared, "up\r\non\r\n");
 }
 
-/// The folder goes while the first pass runs; its log lives on under the folder's new name.
+/// The folder goes while the first pass runs, and comes back for a look at its log.
 const PlannedRun kRunFolderMoved({
     .solver = "Qvx3DCool.exe",
     .cmx = std::string(kSerialCmx) +
@@ -102,10 +92,14 @@ const PlannedRun kRunFolderMoved({
     .script = "print up;flush;await <site>\\go;print on;flush;exit 3",
     .meanwhile = [](LauncherProcess& launcher, const Site& site) -> std::string {
       if (!launcher.WaitForOutput("up\r\n")) return "the solver does not run";
+      const std::string gone = site.RunFolder() + "gone";
       std::error_code error;
-      fs::rename(site.RunFolder(), site.RunFolder() + "gone", error);
+      fs::rename(site.RunFolder(), gone, error);
       site.Write("go", "");
-      return error ? "the run folder cannot be moved" : "";
+      if (error) return "the run folder cannot be moved";
+      launcher.Wait();
+      fs::rename(gone, site.RunFolder(), error);
+      return error ? "the run folder cannot be moved back" : "";
     },
 });
 
@@ -122,6 +116,9 @@ TEST(RunFolder, ThatVanishesInTheFirstPassCostsTheSecondItsLogAlone) {
             SerialConsole("up\r\non\r\n", kSolver, 3) +
                 SerialConsole("up\r\non\r\n", "<site>\\Home\\Bin\\Qvx3DCool.exe", 3) + kCountdown);
   EXPECT_EQ(kRunFolderMoved->status, 3);
+  const std::string first =
+      kSolver + " " + Replaced(FlowArguments(kSerialSettings), "-option 0", "-option 2");
+  EXPECT_EQ(kRunFolderMoved->logs, (Logs{{kLogName, LogOf(first, "up\r\non\r\n", kSolver, 3)}}));
 }
 
 constexpr const char* kScriptedImpiexec = "C:\\NODE1\\mpi3\\impiexec.exe";
@@ -160,15 +157,16 @@ TEST(Machines, MayBeFiveHundred) {
       << log;
 }
 
-/// A distributed run whose command line has so many characters. The hosts' names make up the
-/// length; everything else is measured by a run of the same settings that could be started.
+/// A distributed run whose command line has so many characters; the hosts' names make up the
+/// length.
 struct LongRun {
-  explicit LongRun(int length)
+  LongRun(int length, const std::string& script, decltype(RunPlan::meanwhile) meanwhile = {})
       : length(length),
         run({.machine = Machine::ScriptedMpi,
              .cmx = "",
-             .script = "touch <site>\\solver;print up;flush;exit 3",
-             .prepare = [length](const Site& site) { WriteCmx(site, length); }}) {}
+             .script = script,
+             .prepare = [length](const Site& site) { WriteCmx(site, length); },
+             .meanwhile = std::move(meanwhile)}) {}
 
   static constexpr int kMachines = 1000;
 
@@ -198,18 +196,40 @@ struct LongRun {
   PlannedRun run;
 };
 
-// The log takes 32751 characters beside its own words; the system starts 32766.
-const LongRun kLogged(32751);
-const LongRun kTooLongForTheLog(32752);
-const LongRun kLongestForTheSystem(32766);
-const LongRun kTooLongForTheSystem(32767);
+const std::string kRunForAMinute = "await <site>\\never";
 
-TEST(CommandLine, OfUpTo32751CharactersIsLogged) {
+std::size_t loggedLength = 0;
+
+/// The results of a run have shorter words for the site, so the log is measured beside it.
+std::string MeasureLog(LauncherProcess& launcher, const Site& site) {
+  launcher.Wait();
+  const Logs logs = site.Logs();
+  if (logs.empty()) return "there is no log";
+  const std::string log = site.Specific(logs.begin()->second);
+  const std::string before = "Commandline=[";
+  loggedLength = log.find("]\r\n") - log.find(before) - before.size();
+  return "";
+}
+
+// The log takes 32751 characters beside its own words; the system starts 32766.
+const LongRun kLogged(32751, "print up;flush;exit 3", MeasureLog);
+const LongRun kTooLongForTheLog(32752, kRunForAMinute);
+const LongRun kLongestForTheSystem(32766, kRunForAMinute);
+const LongRun kTooLongForTheSystem(32767, kRunForAMinute);
+
+TEST(CommandLine, Of32751CharactersIsLogged) {
   EXPECT_EQ(kLogged.run->error, "");
   EXPECT_EQ(
       kLogged.run->output,
       ConsoleOf("Launch parallel computing\r\n", "up\r\n", kScriptedImpiexec, 3) + kCountdown);
   EXPECT_EQ(kLogged.run->status, 3);
+  EXPECT_EQ(kLogged.run->complaint, "");
+  EXPECT_EQ(loggedLength, 32751U);
+  ASSERT_EQ(kLogged.run->logs.size(), 1U);
+  const std::string& log = kLogged.run->logs.begin()->second;
+  EXPECT_TRUE(log.ends_with(",0]\r\nup\r\n>>> Return value of " + std::string(kScriptedImpiexec) +
+                            " = 3\r\n"))
+      << log;
 }
 
 TEST(CommandLine, ThatTheLogCannotTakeEndsTheChildAndTheLauncher) {
@@ -218,6 +238,8 @@ TEST(CommandLine, ThatTheLogCannotTakeEndsTheChildAndTheLauncher) {
                                        std::to_string(longRun->length + 16) + "\r\n");
     EXPECT_EQ(longRun->run->output, "Launch parallel computing\r\n");
     EXPECT_EQ(longRun->run->status, -2);
+    // A child left behind would hold on to the launcher's output for its minute.
+    EXPECT_LT(longRun->run->seconds, 30);
   }
 }
 
