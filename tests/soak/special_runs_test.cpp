@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <regex>
 #include <string>
 
 #include "tests/program/planned_run.h"
+#include "tests/support/texts.h"
 
 namespace qvx::test {
 namespace {
@@ -105,8 +105,7 @@ const PlannedRun kRunFolderMoved({
 
 TEST(RunFolder, ThatVanishesInTheFirstPassCostsTheSecondItsLogAlone) {
   EXPECT_EQ(kRunFolderMoved->complaint, "");
-  const std::string output = std::regex_replace(
-      kRunFolderMoved->output, std::regex(R"(\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d)"), "<time>");
+  const std::string output = WithoutTimestamps(kRunFolderMoved->output);
   // The line about the log is not flushed, and so it may come before or behind the solver's.
   const std::string missing =
       "CreateFile(<site>\\Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Cool_<time>.txt)"
