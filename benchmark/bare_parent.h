@@ -9,13 +9,17 @@
 
 namespace qvx::benchmark {
 
-inline void RunBareParent(const std::string& solver) {
+/// Returns the solver's exit code.
+inline int RunBareParent(const std::string& solver) {
   const RedirectedChild child(nullptr, solver, CREATE_NO_WINDOW);
   std::array<char, 4096> chunk;
   DWORD size = 0;
   while (ReadFile(child.output, chunk.data(), chunk.size(), &size, nullptr) != 0) {
   }
   WaitForSingleObject(child.process.hProcess, INFINITE);
+  DWORD exitCode = 0;
+  GetExitCodeProcess(child.process.hProcess, &exitCode);
+  return static_cast<int>(exitCode);
 }
 
 }  // namespace qvx::benchmark

@@ -40,12 +40,13 @@ void ReadProduct(const char* path) {
   ReadRemoteMachineSettings(path, remote);
   ReadMultiShotSettings(path, multiShot);
   ReadSolidCoolSettings(path, cooling);
-  if (remote.machines.size() != 2 || cooling != 1) std::abort();
+  Require(remote.machines.size() == 2 && cooling == 1, "the readers did not find the settings");
 }
 
 void ReadLeast(const char* path) {
   for (int pass = 0; pass < 4; ++pass) {
     std::FILE* file = std::fopen(path, "r");
+    Require(file != nullptr, "no CMX file");
     char line[1024];
     while (std::fgets(line, sizeof line, file) != nullptr) {
     }

@@ -1,17 +1,25 @@
-// How every benchmark measures and reports: pairs of runs, one of the product's and one of the
-// least that could do the same, taken in turns; the median of their ratios counts.
+// How every benchmark measures, checks and reports: pairs of runs, one of the product's and one of
+// the least that could do the same, taken in turns; the median of their ratios counts.
 #pragma once
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
-#include <utility>
+#include <string>
 #include <vector>
 
 namespace qvx::benchmark {
 
 constexpr int kPairs = 7;
+
+/// Ends the benchmark unless it measured what its row says.
+inline void Require(bool holds, const std::string& otherwise) {
+  if (holds) return;
+  std::fprintf(stderr, "benchmark: %s\n", otherwise.c_str());
+  std::exit(1);
+}
 
 template <typename Action>
 double Seconds(Action&& action) {

@@ -1,6 +1,5 @@
 // Working folders and hosts list of ever more machines: what one machine costs, against what it
 // costs among a thousand: with one process each, and with ten.
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <utility>
@@ -31,21 +30,30 @@ std::unique_ptr<LauncherContext> DistributedRun(int machines, int processes) {
   return context;
 }
 
-double SecondsOf(int runs, LauncherContext& context) {
-  return Seconds([&] {
+double SecondsOf(int runs, int machines, int processes) {
+  const auto context = DistributedRun(machines, processes);
+  CQVXFlowFlowEPackArgument& record = context->flowArgument;
+  const int weights = machines * processes;
+  const std::string lastHost =
+      machines == 0 ? "-hosts 0 " : "NODE1 " + std::to_string(processes) + " ";
+  bool isWhole = true;
+  const double seconds = Seconds([&] {
     for (int i = 0; i < runs; ++i) {
-      PrepareParallelSettings(context);
-      delete[] std::exchange(context.flowArgument.weights, nullptr);
-      if (HostsList(context.remoteMachineSettings).empty()) std::abort();
+      PrepareParallelSettings(*context);
+      isWhole = isWhole && record.processCount == weights &&
+                (weights == 0 || record.weights[weights - 1] > 0);
+      delete[] std::exchange(record.weights, nullptr);
+      isWhole = isWhole && HostsList(context->remoteMachineSettings).ends_with(lastHost);
     }
   });
+  Require(isWhole, "a run without all of its machines");
+  return seconds;
 }
 
 /// A million machines, `count` of them a run, less what the runs cost without any.
 double SecondsInAll(int count, int processes) {
   const int runs = kInAll / count;
-  return SecondsOf(runs, *DistributedRun(count, processes)) -
-         SecondsOf(runs, *DistributedRun(0, processes));
+  return SecondsOf(runs, count, processes) - SecondsOf(runs, 0, processes);
 }
 
 void ReportGrowth(int count, int processes) {

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "benchmark/figures.h"
+
 namespace qvx::benchmark {
 
 struct RedirectedChild {
@@ -15,15 +17,18 @@ struct RedirectedChild {
   RedirectedChild(const char* program, std::string commandLine, DWORD flags) {
     SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
     HANDLE writeEnd = nullptr;
-    CreatePipe(&output, &writeEnd, &inheritable, 0);
-    SetHandleInformation(output, HANDLE_FLAG_INHERIT, 0);
+    Require(CreatePipe(&output, &writeEnd, &inheritable, 0) != 0 &&
+                SetHandleInformation(output, HANDLE_FLAG_INHERIT, 0) != 0,
+            "no pipe for a child");
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdOutput = writeEnd;
     startup.hStdError = writeEnd;
-    CreateProcessA(program, commandLine.data(), nullptr, nullptr, TRUE, flags, nullptr, nullptr,
-                   &startup, &process);
+    const BOOL created = CreateProcessA(program, commandLine.data(), nullptr, nullptr, TRUE, flags,
+                                        nullptr, nullptr, &startup, &process);
+    Require(created != 0,
+            "no child [" + commandLine + "]: system error " + std::to_string(GetLastError()));
     CloseHandle(writeEnd);
   }
   ~RedirectedChild() {

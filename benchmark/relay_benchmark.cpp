@@ -5,24 +5,18 @@
 
 #include <array>
 #include <cstdlib>
-#include <new>
+#include <functional>
 #include <string>
 #include <thread>
 
+#include "benchmark/counted_imports.h"
 #include "benchmark/figures.h"
 #include "benchmark/redirected_child.h"
 #include "execution/console_pump.h"
-#include "tests/support/import_patch.h"
 #include "tests/support/machine_state.h"
+#include "tests/support/program_path.h"
+#include "tests/support/refusing_new.h"
 #include "tests/support/temporary_folder.h"
-
-extern "C" {
-extern void* __imp_GetExitCodeProcess;
-extern void* __imp_ReadFile;
-extern void* __imp_WriteFile;
-extern void* __imp_FlushFileBuffers;
-extern void* __imp_GetStdHandle;
-}
 
 namespace {
 
@@ -30,20 +24,19 @@ int allocations = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+bool qvx::test::RefusesAllocation(std::size_t /*size*/) {
   ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
+  return false;
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace qvx::benchmark {
 namespace {
 
-constexpr int kTotal = 64 << 20;
+constexpr DWORD kTotal = 64 << 20;
+/// What the pump may leave in the pipe when the child ends.
+constexpr DWORD kPipeBuffer = 4096;
 
-using Pump = void (*)(const RunningChild& child, HANDLE output);
+using Pump = std::function<void(const RunningChild& child, HANDLE output)>;
 
 void PumpLeast(const RunningChild& child, HANDLE output) {
   static std::array<char, 4096> chunk;
@@ -69,19 +62,15 @@ void PumpProduct(const RunningChild& child, HANDLE output) {
 }
 
 /// Standard output while one lives.
-class Console {
- public:
-  virtual ~Console() = default;
-};
-
-class NulConsole : public Console {
+class NulConsole {
  public:
   NulConsole()
       : nul_(CreateFileA("NUL", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr)),
         before_(GetStdHandle(STD_OUTPUT_HANDLE)) {
+    Require(nul_ != INVALID_HANDLE_VALUE, "NUL does not open");
     SetStdHandle(STD_OUTPUT_HANDLE, nul_);
   }
-  ~NulConsole() override {
+  ~NulConsole() {
     SetStdHandle(STD_OUTPUT_HANDLE, before_);
     CloseHandle(nul_);
   }
@@ -91,74 +80,54 @@ class NulConsole : public Console {
   HANDLE before_;
 };
 
-/// Somebody reads all that comes and throws it away.
-class PipeConsole : public Console {
+/// The same; somebody reads the `kTotal` bytes that come there and throws them away.
+class PipeConsole {
  public:
   PipeConsole() : before_(GetStdHandle(STD_OUTPUT_HANDLE)) {
-    CreatePipe(&readEnd_, &writeEnd_, nullptr, 0);
+    Require(CreatePipe(&readEnd_, &writeEnd_, nullptr, 0) != 0, "no pipe for the console");
     SetStdHandle(STD_OUTPUT_HANDLE, writeEnd_);
     reader_ = std::thread([this] {
       std::array<char, 65536> bytes;
       DWORD size = 0;
       while (ReadFile(readEnd_, bytes.data(), bytes.size(), &size, nullptr) != 0) {
+        received_ += size;
       }
     });
   }
-  ~PipeConsole() override {
+  ~PipeConsole() {
     SetStdHandle(STD_OUTPUT_HANDLE, before_);
     CloseHandle(writeEnd_);
     reader_.join();
     CloseHandle(readEnd_);
+    Require(received_ + kPipeBuffer >= kTotal, "the console got too little");
   }
 
  private:
   HANDLE before_;
   HANDLE readEnd_ = nullptr;
   HANDLE writeEnd_ = nullptr;
+  DWORD received_ = 0;
   std::thread reader_;
 };
 
-std::string SolverPath() {
-  std::array<char, MAX_PATH> path;
-  GetModuleFileNameA(nullptr, path.data(), path.size());
-  return (std::filesystem::path(path.data()).parent_path().parent_path() / "samples" /
-          "QuorvexFakeSolver.exe")
-      .string();
-}
-
 /// Seconds from the child's first byte to its end.
-double Relay(Pump pump, int total, int atATime) {
+double Relay(const Pump& pump, DWORD total, int atATime) {
   static const test::TemporaryFolder folder;
   static const test::EnvironmentVariable script("QUORVEX_FAKE_SOLVER");
   script.Set("fill " + std::to_string(total) + " " + std::to_string(atATime) + ";flush");
-  const RedirectedChild child(nullptr, SolverPath(), CREATE_NO_WINDOW);
+  const RedirectedChild child(nullptr, test::ProgramPath("samples\\QuorvexFakeSolver.exe"),
+                              CREATE_NO_WINDOW);
   const HANDLE log = CreateFileA(folder.Path("log").c_str(), GENERIC_WRITE, 0, nullptr,
                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   for (DWORD waiting = 0; waiting == 0; Sleep(1)) {
     if (PeekNamedPipe(child.output, nullptr, 0, nullptr, &waiting, nullptr) == 0) break;
   }
   const double seconds = Seconds([&] { pump({child.process.hProcess, log}, child.output); });
+  Require(GetFileSize(log, nullptr) + kPipeBuffer >= total, "the log got too little");
   CloseHandle(log);
   WaitForSingleObject(child.process.hProcess, INFINITE);
   return seconds;
 }
-
-/// Counts the calls of a function, as the product makes them.
-template <void** kSlot, typename Function>
-struct Counted;
-
-template <void** kSlot, typename Result, typename... Arguments>
-struct Counted<kSlot, Result(Arguments...)> {
-  static inline int count = 0;
-  static inline void* const original = *kSlot;
-  static Result Call(Arguments... arguments) {
-    ++count;
-    return reinterpret_cast<Result (*)(Arguments...)>(original)(arguments...);
-  }
-  const test::ImportPatch patch{kSlot, reinterpret_cast<void*>(Call)};
-};
-
-int allocationsInPump = 0;
 
 struct Counts {
   int chunks;
@@ -166,29 +135,22 @@ struct Counts {
   int allocations;
 };
 
-Counts CountRelay(int total) {
+Counts CountRelay(DWORD total) {
   const NulConsole console;
-  using ExitCode = Counted<&__imp_GetExitCodeProcess, decltype(GetExitCodeProcess)>;
-  using Read = Counted<&__imp_ReadFile, decltype(ReadFile)>;
-  using Write = Counted<&__imp_WriteFile, decltype(WriteFile)>;
-  using Flush = Counted<&__imp_FlushFileBuffers, decltype(FlushFileBuffers)>;
-  const ExitCode exitCode;
-  const Read read;
-  const Write write;
-  const Flush flush;
+  Counts counts = {};
   Relay(
-      [](const RunningChild& child, HANDLE output) {
-        ExitCode::count = Read::count = Write::count = Flush::count = allocations = 0;
+      [&](const RunningChild& child, HANDLE output) {
+        const CountedImports imports;
+        const int before = allocations;
         PumpProduct(child, output);
-        allocationsInPump = allocations;
+        counts = {imports.Calls("ReadFile"), imports.Calls(), allocations - before};
       },
       total, 65536);
-  return {Read::count, ExitCode::count + Read::count + Write::count + Flush::count,
-          allocationsInPump};
+  return counts;
 }
 
 void CompareRelays(const char* name, int atATime, bool toPipe) {
-  const auto relay = [&](Pump pump) {
+  const auto relay = [&](const Pump& pump) {
     if (!toPipe) {
       const NulConsole console;
       return Relay(pump, kTotal, atATime);
@@ -208,7 +170,7 @@ int main(int argumentCount, char** arguments) {
   if (argumentCount == 3) {
     const NulConsole console;
     const bool isProduct = std::string(arguments[1]) == "product";
-    Relay(isProduct ? PumpProduct : PumpLeast, std::atoi(arguments[2]), 65536);
+    Relay(isProduct ? PumpProduct : PumpLeast, static_cast<DWORD>(std::atoi(arguments[2])), 65536);
     return 0;
   }
   CompareRelays("relay to NUL, 65536 bytes at a time", 65536, false);

@@ -12,7 +12,7 @@ namespace qvx::fuzz {
 Facts ProductCommandLine(const std::vector<std::string>& arguments);
 Facts ProductRun(const std::vector<std::string>& arguments, const std::string& file);
 
-/// The parallel settings and folders of the flow record.
+/// The parallel settings and folders of a record, which derives from both.
 Facts ParallelFacts(const std::string& prefix, const QVXRunTexts& texts,
                     const QVXRunSettings& settings);
 
