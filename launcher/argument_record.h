@@ -8,7 +8,8 @@
 namespace qvx {
 
 /// `processCount` weights of 0, or none for a count below 1, when the record keeps what it has. The
-/// record owns them: the launcher never releases any. A count that cannot be allocated is a fault.
+/// record owns them: the launcher never releases any, also none that the record had before. A count
+/// that cannot be allocated is a fault.
 std::span<double> GiveWeights(QVXRunSettings& record);
 
 /// Calls `visit` with the record of the context's solver class; not at all for a number that names

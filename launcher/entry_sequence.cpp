@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <new>
+
 #include "execution/mpi_configuration.h"
 #include "launcher/command_line.h"
 #include "launcher/conformal_cooling.h"
@@ -69,8 +71,11 @@ int RunEntrySequence(int argumentCount, char** arguments) try {
       context.conformalCoolingFlag != 0 ? RunConformalCooling(context) : RunDriver(context);
   CountDown();
   return result;
+} catch (const std::bad_alloc&) {
+  // Closed libraries alone throw. By now the context is gone, built or half built, last member
+  // first.
+  FaultOutOfMemory();
 } catch (...) {
-  // A closed library's. By now the context is gone, built or half built, last member first.
   FaultUnexpectedException();
 }
 

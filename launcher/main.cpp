@@ -11,7 +11,7 @@ int _dowildcard = 0;  // NOLINT(bugprone-reserved-identifier): the runtime's nam
 }
 
 // In place of libstdc++'s own, whose demangler would be a fifth of this program. Only an exception
-// that no catch can reach ends up here.
+// that no catch can reach gets here.
 void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }
 #endif
 

@@ -43,7 +43,9 @@ struct QVXRunSettings {
   std::int32_t optionValue;
   std::int32_t parallelMode;  ///< 0 serial, 1 shared-memory, 2 distributed
   std::int32_t processCount;
-  double* weights;  ///< each process's share of the work, from new[]; owned by the record
+  /// Each process's share of the work. Made with `new double[]` and owned by the record, which may
+  /// release it: launcher and library therefore have to share one C runtime heap.
+  double* weights;
 };
 
 /// The run whose result a multi-shot run starts from.

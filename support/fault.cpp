@@ -18,11 +18,6 @@ void* childToEnd = nullptr;
   std::exit(kFaultStatus);
 }
 
-[[noreturn]] void FaultOutOfMemory() {
-  std::fputs("ERROR: out of memory\n", stderr);
-  EndLauncher();
-}
-
 }  // namespace
 
 // Numbers go in as text: not every C runtime on Windows formats 64 bits.
@@ -35,6 +30,11 @@ void FaultTextTooLong(const char* field, std::size_t width, std::size_t length) 
 void FaultCannotAllocate(const char* field, std::size_t count) {
   std::fprintf(stderr, "ERROR: %s cannot be allocated: count %s\n", field,
                std::to_string(count).c_str());
+  EndLauncher();
+}
+
+void FaultOutOfMemory() {
+  std::fputs("ERROR: out of memory\n", stderr);
   EndLauncher();
 }
 

@@ -1,12 +1,12 @@
 // How the launcher gives up: one line on standard error, apart from the solver's output, then the
 // end of the process with kFaultStatus, without countdown. Reserved for what no run can survive: a
 // text that its field cannot hold, a count or a buffer that cannot be allocated, an exception of a
-// closed library. A child that runs is ended first, so
-// that no solver is orphaned. Main thread only.
+// closed library. A child that runs is ended first, so that no solver is orphaned. Main thread
+// only.
 #pragma once
 
 #include <cstddef>
-#include <exception>
+#include <new>
 
 namespace qvx {
 
@@ -19,11 +19,13 @@ constexpr int kFaultStatus = -2;
 /// `count`: the elements that could not be allocated.
 [[noreturn]] void FaultCannotAllocate(const char* field, std::size_t count);
 
-/// An exception of a closed library that nothing here can answer.
+[[noreturn]] void FaultOutOfMemory();
+
+/// For what only a closed library can have thrown.
 [[noreturn]] void FaultUnexpectedException();
 
-/// Makes every failed allocation a fault, so that none becomes an exception that leaves an
-/// operation half done.
+/// Makes every failed allocation of the launcher's own a fault, so that none becomes an exception
+/// that leaves an operation half done.
 void InstallOutOfMemoryFault();
 
 /// While one lives, a fault calls `end(child)` before it ends the process. One at a time.
@@ -54,7 +56,7 @@ auto AllocateCounted(const char* field, std::size_t count, Allocate allocate) {
   const OutOfMemoryThrows throws;
   try {
     return allocate(count);
-  } catch (const std::exception&) {
+  } catch (const std::bad_alloc&) {
     FaultCannotAllocate(field, count);
   }
 }

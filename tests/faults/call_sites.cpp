@@ -1,6 +1,7 @@
 #include "tests/faults/call_sites.h"
 
 #include "tests/support/texts.h"
+#include "tests/windows/launch_fixture.h"
 
 namespace qvx::test {
 namespace {
@@ -18,45 +19,40 @@ const std::string kAdvice =
     "Run the following command-line as Administrator to start smpd:|"
     "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install|";
 
-std::string Returned(const std::string& program, int value) {
-  return ">>> Return value of " + program + " = " + std::to_string(value) + "\r\n";
-}
-
 /// The console of a serial launch; `shown`: everything between its banner and the return value.
 std::string Serial(const std::string& shown, int value = 3) {
-  return "Launch serial computing\r\n" + shown + "\r\n" + Returned(kSolver, value);
+  return "Launch serial computing\r\n" + shown + "\r\n" + ReturnValue(kSolver, value);
 }
 
 const std::string kCommandLine = "Commandline=[" + kSolver + " -a b]\r\n";
 
 std::string SerialLog(const std::string& logged = "x\r\n", int value = 3) {
-  return kLogName + kCommandLine + logged + Returned(kSolver, value);
+  return kLogName + kCommandLine + logged + ReturnValue(kSolver, value);
 }
 
 const std::string kSerial = Serial("x\r\n");
 const std::string kSerialLog = SerialLog();
 
-const std::string kSmp = "Launch parallel computing\r\nx\r\n\r\n" + Returned(kImpiexec, 3);
+const std::string kSmp = "Launch parallel computing\r\nx\r\n\r\n" + ReturnValue(kImpiexec, 3);
 const std::string kSmpLog =
-    kSmpLogName + "Commandline=[" + kImpiexec + kSmpTail + "]\r\nx\r\n" + Returned(kImpiexec, 3);
+    kSmpLogName + "Commandline=[" + kImpiexec + kSmpTail + "]\r\nx\r\n" + ReturnValue(kImpiexec, 3);
 const std::string kNoImpiexec = "Launch parallel computing\r\nCreateProcess [\\impiexec.exe" +
                                 kSmpTail + "] failed. system error(2)\r\n";
 
 const std::string kSign = "Unknown option: -d\r\n";
 const std::string kUnendedSmp = "Launch parallel computing\r\n" + kSign + "\r\n" +
-                                Replaced(kAdvice, "|", "\r\n") + "\r\n" + Returned(kImpiexec, 3);
+                                Replaced(kAdvice, "|", "\r\n") + "\r\n" + ReturnValue(kImpiexec, 3);
 const std::string kUnendedSmpLog = kSmpLogName + "Commandline=[" + kImpiexec + kSmpTail + "]\r\n" +
                                    kSign + "\n" + Replaced(kAdvice, "|", "\n") +
-                                   Returned(kImpiexec, 3);
+                                   ReturnValue(kImpiexec, 3);
 
 const std::string kCtrlC = "Ctrl-C is captured.\r\n";
-const std::string kCountdown = "\r4   \r3   \r2   \r1   \r0   ";
 const std::string kEntryLog =
     kLogName + "Commandline=[" + kSolver +
     " -home \"<site>\\Home\" -project \"<site>\\Project\" -name \"Sample\""
     " -run \"01\" -molding 1 -option 0 -parallel 0 -processes 1"
     "]\r\nx\r\n" +
-    Returned(kSolver, 3);
+    ReturnValue(kSolver, 3);
 
 constexpr DWORD kNoError = ERROR_SUCCESS;
 constexpr DWORD kDenied = ERROR_ACCESS_DENIED;
@@ -77,7 +73,7 @@ const std::vector<Failure> kFailures = {
      ERROR_NO_SYSTEM_RESOURCES, 3,
      "Failed to createpipe (hChildStdOUT)\r\nFailed to SetHandleInformation (hChildStdOUTRd)\r\n"
      "Launch serial computing\r\nFailed to CLoseHandle (hChildStdOUT_Wr)\r\n\r\n" +
-     Returned(kSolver, 3), SerialLog(""), kNone},
+     ReturnValue(kSolver, 3), SerialLog(""), kNone},
     {{"execution/child_process.cpp", "SetHandleInformation", 1}, Scene::Serial, 1, kInvalid, 3,
      "Failed to SetHandleInformation (hChildStdOUTRd)\r\n" + kSerial, kSerialLog,
      {.inheritable = 1, .own = 0}},
@@ -125,7 +121,7 @@ const std::vector<Failure> kFailures = {
     {{"execution/console_log.cpp", "FindClose", 1}, Scene::Serial, 1, kInvalid, 3,
      kSerial, kSerialLog, kReadEnd},
     {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 1, ERROR_DISK_FULL, 3,
-     kSerial, kLogName + "x\r\n" + Returned(kSolver, 3), kReadEnd},
+     kSerial, kLogName + "x\r\n" + ReturnValue(kSolver, 3), kReadEnd},
     {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 2, ERROR_NO_DATA, 3,
      Serial(""), kSerialLog, kReadEnd},
     {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 3, ERROR_DISK_FULL, 3,
@@ -175,7 +171,7 @@ const std::vector<Failure> kFailures = {
 };
 // clang-format on
 
-const std::vector<Exception> kExceptions = {
+const std::vector<PlaceWithoutRow> kPlacesWithoutRow = {
     {{"execution/child_process.cpp", "GetLastError", 1}, "the code is in CreateFileA's message"},
     {{"execution/child_process.cpp", "GetLastError", 2}, "the code is in CreateProcessA's message"},
     {{"execution/child_process.cpp", "TerminateProcess", 1},

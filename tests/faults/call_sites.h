@@ -45,11 +45,11 @@ struct Failure {
 extern const std::vector<Failure> kFailures;
 
 /// A call that no scene lets fail.
-struct Exception {
+struct PlaceWithoutRow {
   CallSite site;
   std::string reason;
 };
 
-extern const std::vector<Exception> kExceptions;
+extern const std::vector<PlaceWithoutRow> kPlacesWithoutRow;
 
 }  // namespace qvx::test

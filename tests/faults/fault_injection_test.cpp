@@ -20,6 +20,7 @@
 #include "tests/faults/call_sites.h"
 #include "tests/faults/failing_call.h"
 #include "tests/support/no_countdown.h"
+#include "tests/support/process_runs.h"
 #include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
@@ -27,15 +28,6 @@
 
 namespace qvx {
 namespace {
-
-bool ProcessRuns(DWORD processIdentifier) {
-  const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, processIdentifier);
-  if (process == nullptr) return false;
-  DWORD exitCode = 0;
-  const bool runs = GetExitCodeProcess(process, &exitCode) != 0 && exitCode == STILL_ACTIVE;
-  CloseHandle(process);
-  return runs;
-}
 
 /// A site's function, file and occurrence in it.
 std::string NameOf(const test::CallSite& site) {
@@ -71,7 +63,7 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
       outcome.result = operation();
       caller = failing.Caller();
       // At once: a child that is left alone ends by itself soon.
-      childRuns = ProcessRuns(childProcessIdentifier);
+      childRuns = test::ProcessRuns(childProcessIdentifier);
     });
     EXPECT_EQ(test::OpenProcessesThreadsAndFiles(), openBefore);
     EXPECT_EQ(test::OpenPipeEnds() - pipeEndsBefore, failure.pipeEnds);
@@ -112,7 +104,7 @@ class FaultInjection : public test::LaunchTest, public testing::WithParamInterfa
     const test::StartedChild child("sleep 60000");
     childProcessIdentifier = child.Id();
     const test::Outcome outcome = Fail([] { return HandleConsoleControl(CTRL_C_EVENT); });
-    Expect(outcome, ProcessRuns(child.Id()) ? "the child runs" : "the child ended");
+    Expect(outcome, test::ProcessRuns(child.Id()) ? "the child runs" : "the child ended");
     EXPECT_EQ(cancelFlag, 1);
     EXPECT_EQ(childProcessIdentifier, 0U);
   }

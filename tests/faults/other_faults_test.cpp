@@ -1,11 +1,12 @@
-// Faults that are more than one failing call: short writes, a full disk, exhausted memory, and
-// conversions that the closed libraries refuse.
+// Faults that are more than one failing call: short writes, a full disk, a console that counts
+// characters, exhausted memory, and closed libraries that throw, refuse or have no text.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "execution/argument_string.h"
 #include "execution/console_log.h"
@@ -24,11 +25,16 @@ extern void* __imp_WriteFile;
 extern void* __imp__ZN11CQVXMPIToolC1Ev;
 extern void* __imp__ZN11CQVXMPITool40GetIntelMPIConfigurationStringForMpiexecEPKw;
 extern void* __imp__ZN22CQVXSolverArgumentToolD1Ev;
+extern void* __imp__ZN22CQVXSolverArgumentTool20CreateOpticsArgumentERK18CQVXOpticsArgument;
 extern void*
     __imp__ZN22CQVXSolverArgumentTool27CreateFlowFlowEPackArgumentERK25CQVXFlowFlowEPackArgument;
 extern void* __imp__ZN15CQVXUnicodeTool11AnsiToUtf16EPKcPwi;
 extern void* __imp__ZN15CQVXUnicodeTool11Utf16ToAnsiEPKwPci;
 extern void* __imp__ZN15CQVXUnicodeTool11Utf16ToUtf8EPKwRPc;
+
+// throwing_library
+__declspec(dllimport) void ThrowRuntimeError();
+__declspec(dllimport) void ThrowBadAlloc();
 }
 
 namespace qvx {
@@ -86,12 +92,6 @@ TEST_F(Writes, ToAFullDiskEndTheLogAlone) {
   EXPECT_EQ(Log(), commandLine + "f");
 }
 
-/// A solver writes this when it lives to its end; not in the fixture's folder, for the death test's
-/// process has another. EXPECT_FAULT returns only when the solver is gone too: the solver inherits
-/// the death test's pipe.
-const std::string kSolverEnded =
-    (std::filesystem::temp_directory_path() / "qvx_solver_ended").string();
-
 /// As a console may that shows UTF-8: it takes everything and counts characters.
 BOOL WINAPI WriteAndCountHalf(HANDLE, const void*, DWORD size, DWORD* written, OVERLAPPED*) {
   ++writes;
@@ -99,7 +99,7 @@ BOOL WINAPI WriteAndCountHalf(HANDLE, const void*, DWORD size, DWORD* written, O
   return TRUE;
 }
 
-TEST_F(Writes, ToAConsoleAreNotRepeated) {
+TEST(WriteWhole, DoesNotRepeatItselfOnAConsole) {
   const HANDLE device =
       CreateFileA("NUL", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   ASSERT_EQ(GetFileType(device), FILE_TYPE_CHAR);
@@ -111,6 +111,12 @@ TEST_F(Writes, ToAConsoleAreNotRepeated) {
   EXPECT_EQ(writes, 1);
   CloseHandle(device);
 }
+
+/// A solver writes this when it lives to its end; not in the fixture's folder, for the death test's
+/// process has another. EXPECT_FAULT returns only when the solver is gone too: the solver inherits
+/// the death test's pipe.
+const std::string kSolverEnded =
+    (std::filesystem::temp_directory_path() / "qvx_solver_ended").string();
 
 class OutOfMemory : public test::LaunchTest {
  protected:
@@ -156,20 +162,30 @@ TEST_F(OutOfMemory, EndsTheLauncherEvenIfTheChildCannotBeEnded) {
   test::Await(kSolverEnded);
 }
 
-void ThrowAnInteger(void*) { throw 7; }
-
 void SayThatItGoes(void*) { std::fputs("built objects are destroyed\n", stderr); }
 
-TEST(ClosedLibrary, WhoseConstructorThrowsEndsTheLauncherBehindItsOtherObjects) {
-  const test::ImportPatch constructor(&__imp__ZN11CQVXMPIToolC1Ev,
-                                      reinterpret_cast<void*>(ThrowAnInteger));
+/// Every call through `slot` throws, in a run of a class that needs no CMX file.
+[[noreturn]] void RunWhileLibraryThrows(void** slot, void (*throwing)()) {
+  const test::ImportPatch operation(slot, reinterpret_cast<void*>(throwing));
   const test::ImportPatch destructor(&__imp__ZN22CQVXSolverArgumentToolD1Ev,
                                      reinterpret_cast<void*>(SayThatItGoes));
   char program[] = "launcher";
   char tokens[] = "";
-  char* arguments[] = {program, tokens, nullptr};
-  EXPECT_FAULT(std::exit(RunEntrySequence(2, arguments)),
-               "built objects are destroyed\r?\nERROR: unexpected exception");
+  char solver[] = "Qvx3DOptics.exe";
+  char* arguments[] = {program, tokens, solver, nullptr};
+  std::exit(RunEntrySequence(3, arguments));
+}
+
+TEST(ClosedLibrary, WhoseConstructorOrOperationThrowsEndsTheLauncher) {
+  void** const constructor = &__imp__ZN11CQVXMPIToolC1Ev;
+  void** const operation =
+      &__imp__ZN22CQVXSolverArgumentTool20CreateOpticsArgumentERK18CQVXOpticsArgument;
+  for (void** const slot : {constructor, operation}) {
+    EXPECT_FAULT(RunWhileLibraryThrows(slot, ThrowRuntimeError),
+                 "built objects are destroyed\r?\nERROR: unexpected exception");
+    EXPECT_FAULT(RunWhileLibraryThrows(slot, ThrowBadAlloc),
+                 "built objects are destroyed\r?\nERROR: out of memory");
+  }
 }
 
 const char* NoText(void*, const void*) { return nullptr; }

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "tests/program/planned_run.h"
+#include "tests/support/process_runs.h"
 
 namespace qvx::test {
 namespace {
@@ -20,7 +21,7 @@ std::string WithoutFirst(std::string text, const std::string& part) {
 /// end of the run.
 std::string CancelRunningSolver(LauncherProcess& launcher, const Site& site) {
   if (!launcher.WaitForOutput("running\r\n")) return "the solver does not run";
-  const std::string solver = site.Read("solver");
+  const DWORD solver = std::stoul(site.Read("solver"));
   if (!ProcessRuns(solver)) return "the solver ended too early";
   if (!launcher.SendCtrlC()) return "Ctrl-C cannot be sent";
   launcher.Wait();
@@ -91,7 +92,7 @@ const PlannedRun kTwice({
       if (!launcher.WaitForOutput("running\r\n")) return "the solver does not run";
       if (!launcher.SendCtrlC() || !launcher.SendCtrlC()) return "Ctrl-C cannot be sent";
       launcher.Wait();
-      return ProcessRuns(site.Read("solver")) ? "the solver still runs" : "";
+      return ProcessRuns(std::stoul(site.Read("solver"))) ? "the solver still runs" : "";
     },
 });
 

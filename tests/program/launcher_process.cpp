@@ -144,12 +144,4 @@ int LauncherProcess::Wait() {
   return static_cast<int>(status);
 }
 
-bool ProcessRuns(const std::string& identifier) {
-  const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, std::stoul(identifier));
-  if (process == nullptr) return false;
-  const bool runs = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
-  CloseHandle(process);
-  return runs;
-}
-
 }  // namespace qvx::test

@@ -59,7 +59,4 @@ class LauncherProcess {
   std::thread errorReader_;
 };
 
-/// True while a process of that identifier runs.
-bool ProcessRuns(const std::string& identifier);
-
 }  // namespace qvx::test

@@ -82,7 +82,6 @@ class PlannedRun {
 };
 
 constexpr const char* kTokens = "<site>\\Home*<site>\\Work\\Sample*Sample*3*01";
-constexpr const char* kCountdown = "\r4   \r3   \r2   \r1   \r0   ";
 
 /// The console of one launch whose child printed `child`.
 std::string ConsoleOf(const std::string& banner, const std::string& child,

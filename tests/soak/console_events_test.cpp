@@ -9,6 +9,7 @@
 
 #include "tests/program/planned_run.h"
 #include "tests/soak/setting.h"
+#include "tests/support/process_runs.h"
 
 namespace qvx::test {
 namespace {
@@ -25,7 +26,7 @@ RunPlan CancelAround(int milliseconds, int solverLives) {
             Sleep(static_cast<DWORD>(milliseconds));
             if (!launcher.SendCtrlC()) return "Ctrl-C cannot be sent";
             launcher.Wait();
-            return ProcessRuns(site.Read("solver")) ? "the solver still runs" : "";
+            return ProcessRuns(std::stoul(site.Read("solver"))) ? "the solver still runs" : "";
           }};
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <new>
+#include <stdexcept>
 
 #include "tests/support/expect_fault.h"
 
@@ -81,6 +82,11 @@ TEST(FaultDeathTest, ACountedAllocationThatFailsNamesItsField) {
 TEST(Fault, ACountedAllocationIsHandedOn) {
   EXPECT_EQ(AllocateCounted("numbers", 3, [](std::size_t n) { return std::vector<int>(n, 7); }),
             (std::vector<int>{7, 7, 7}));
+}
+
+TEST(Fault, ACountedAllocationLetsOtherExceptionsPass) {
+  const auto allocate = [](std::size_t) -> int { throw std::length_error("not for memory"); };
+  EXPECT_THROW(AllocateCounted("numbers", 3, allocate), std::length_error);
 }
 
 TEST(FaultDeathTest, AnUnexpectedExceptionIsAFault) {

@@ -9,6 +9,7 @@
 
 #include "launcher/console_control_handler.h"
 #include "launcher/process_wide_values.h"
+#include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 
 namespace qvx {
@@ -60,19 +61,19 @@ class CoolingRun : public test::LaunchTest {
 };
 
 constexpr const char* kBroken = "up\r\nCtrl-Break is captured.\r\n";
-constexpr const char* kCountdown = "\r4   \r3   \r2   \r1   \r0   ";
 
 TEST_F(CoolingRun, SkipsItsSecondPassWhenTheFirstIsBroken) {
   const test::Outcome outcome = Break(flowScript);
   EXPECT_EQ(outcome.result, kCancelledChildStatus);
-  EXPECT_EQ(outcome.console.All(), Pass(kBroken, solver, kCancelledChildStatus) + kCountdown);
+  EXPECT_EQ(outcome.console.All(), Pass(kBroken, solver, kCancelledChildStatus) + test::kCountdown);
 }
 
 TEST_F(CoolingRun, ReturnsTheSecondPassThatIsBroken) {
   const test::Outcome outcome = Break(coolScript);
   EXPECT_EQ(outcome.result, kCancelledChildStatus);
   EXPECT_EQ(outcome.console.All(), Pass("done\r\n", solver, 2) +
-                                       Pass(kBroken, cooler, kCancelledChildStatus) + kCountdown);
+                                       Pass(kBroken, cooler, kCancelledChildStatus) +
+                                       test::kCountdown);
 }
 
 }  // namespace
