@@ -62,6 +62,10 @@ const char* RoleOf(const void* object) {
 /// `role`: one that ends in "#" gets a number, for there are several.
 void Construct(const void* object, const char* role) {
   const Observation observation("construction");
+  if (std::string_view(role) == "argument tool") {
+    // Its first member.
+    Machine().context = const_cast<LauncherContext*>(static_cast<const LauncherContext*>(object));
+  }
   std::string name = role;
   const int count = ++ObjectCounts()[name];
   if (name.back() == '#') {

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -19,7 +20,7 @@ using CallNumber = std::pair<std::string, int>;
 
 /// A solver or an MPI process launcher.
 struct Child {
-  std::vector<std::string> output;  ///< one text for each read
+  std::vector<std::string> output = {};  ///< one text for each read
   DWORD exitCode = 0;
   bool endsEarly = false;            ///< before its last text is read
   DWORD startError = ERROR_SUCCESS;  ///< why the system does not start it
@@ -42,7 +43,9 @@ struct Scenario {
   std::map<CallNumber, DWORD> failures;             ///< with their last-error codes
   std::map<CallNumber, std::vector<DWORD>> events;  ///< console events that come in at a call
   std::map<CallNumber, DWORD> shortWrites;          ///< how many bytes are taken
-  std::string exhaustedFrom;                        ///< no memory behind this function's first call
+  /// A number that no command line gives, put into the launcher context at a call.
+  std::map<CallNumber, std::uint32_t> solverClasses;
+  std::string exhaustedFrom;  ///< no memory behind this function's first call
 };
 
 }  // namespace qvx::test

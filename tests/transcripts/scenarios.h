@@ -49,12 +49,21 @@ inline Scenario RunOf(const std::string& solver, const std::string& cmx) {
   return scenario;
 }
 
-inline Scenario SerialRun() { return RunOf("Qvx3DFlow.exe", TaskManager("0", "4", "1")); }
+inline Scenario SerialRun(const std::string& solver = "Qvx3DFlow.exe") {
+  return RunOf(solver, TaskManager("0", "4", "1"));
+}
 
-inline Scenario SmpRun() { return RunOf("Qvx3DFlow.exe", TaskManager("0", "4", "4")); }
+inline Scenario SmpRun(const std::string& solver = "Qvx3DFlow.exe") {
+  return RunOf(solver, TaskManager("0", "4", "4"));
+}
 
-inline Scenario DmpRun() {
-  return RunOf("Qvx3DFlow.exe", TaskManager("1", "4", "4") + RemoteMachines());
+inline Scenario DmpRun(const std::string& solver = "Qvx3DFlow.exe") {
+  return RunOf(solver, TaskManager("1", "4", "4") + RemoteMachines());
+}
+
+inline Scenario Traced(Scenario scenario) {
+  scenario.files[kTraceSwitch] = "";
+  return scenario;
 }
 
 }  // namespace qvx::test

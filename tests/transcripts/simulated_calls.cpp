@@ -19,7 +19,6 @@ std::deque<ImportPatch> patches;
 const auto kFopen = reinterpret_cast<decltype(&std::fopen)>(__imp_fopen);
 const auto kFclose = reinterpret_cast<decltype(&std::fclose)>(__imp_fclose);
 const auto kFgets = reinterpret_cast<decltype(&std::fgets)>(__imp_fgets);
-const auto kExit = reinterpret_cast<decltype(&std::exit)>(__imp_exit);
 
 }  // namespace
 
@@ -31,11 +30,12 @@ SimulatedCalls::SimulatedCalls() {
 #undef QVX_PATCH
 }
 
-SimulatedCalls::~SimulatedCalls() { patches.clear(); }
+SimulatedCalls::~SimulatedCalls() { StopSimulating(); }
+
+void StopSimulating() { patches.clear(); }
 
 decltype(&std::fopen) SystemFopen() { return kFopen; }
 decltype(&std::fclose) SystemFclose() { return kFclose; }
 decltype(&std::fgets) SystemFgets() { return kFgets; }
-decltype(&std::exit) SystemExit() { return kExit; }
 
 }  // namespace qvx::test

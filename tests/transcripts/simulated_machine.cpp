@@ -39,6 +39,11 @@ bool SimulatedMachine::BeginCall(const std::string& function) {
   if (const auto events = scenario.events.find(call); events != scenario.events.end()) {
     for (const DWORD code : events->second) LetConsoleEventIn(function, code);
   }
+  if (const auto number = scenario.solverClasses.find(call);
+      number != scenario.solverClasses.end()) {
+    context->solverClass = static_cast<SolverClass>(number->second);
+    Record("-- the solver class becomes " + std::to_string(number->second));
+  }
   const auto failure = scenario.failures.find(call);
   if (failure == scenario.failures.end()) {
     // GetLastError alone leaves the code as it is.

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "launcher/launcher_context.h"
 #include "tests/transcripts/scenario.h"
 
 namespace qvx::test {
@@ -57,6 +58,7 @@ class SimulatedMachine {
   PHANDLER_ROUTINE consoleHandler = nullptr;
   std::vector<RunningState> children;
   std::vector<FolderEntry> logs;
+  LauncherContext* context = nullptr;  ///< known as soon as its first member is built
 
  private:
   std::string Roles(bool inheritableOnly) const;

@@ -103,9 +103,9 @@ int fclose(std::FILE* file) {
 
 void exit(int status) {
   Record("exit(" + std::to_string(status) + ")");
+  StopSimulating();
   EndRun();
-  SystemExit()(status);
-  __builtin_unreachable();
+  std::exit(status);
 }
 
 }  // namespace qvx::test::simulated

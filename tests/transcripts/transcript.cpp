@@ -134,7 +134,7 @@ std::string TakeTranscript() {
 
 void Record(const std::string& line) { Append(line); }
 
-Observation::Observation(const std::string& function) : function_(function) {
+Observation::Observation(const char* function) : function_(function) {
   RecordChanges();
   fails_ = Machine().BeginCall(function_);
 }

@@ -40,7 +40,7 @@ void Record(const std::string& line);
 /// allocated while one lives is the test's, not the launcher's.
 class Observation {
  public:
-  explicit Observation(const std::string& function);
+  explicit Observation(const char* function);
   ~Observation();
   Observation(const Observation&) = delete;
   Observation& operator=(const Observation&) = delete;
