@@ -44,7 +44,7 @@ std::string Word(Unit unit) {
 
 template <typename Unit>
 std::string QuotedUnits(std::basic_string_view<Unit> text) {
-  constexpr std::size_t kLongRun = 16;
+  constexpr std::size_t kLongRun = 32;
   std::string quoted = "\"";
   for (std::size_t i = 0; i < text.size();) {
     std::size_t end = i;

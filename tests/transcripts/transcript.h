@@ -1,6 +1,6 @@
 // The transcript of one run: what the launcher asked of the world outside, a line each, in order.
 // Texts stand in quotes; characters beyond printable ASCII are words in angle brackets (<LF>, <E9>
-// for a byte, <U+00E9> for a UTF-16 unit), "a<x20>" is the same character 20 times, and <site> the
+// for a byte, <U+00E9> for a UTF-16 unit), "a<x40>" is the same character 40 times, and <site> the
 // folder that holds the run's installation and project.
 #pragma once
 

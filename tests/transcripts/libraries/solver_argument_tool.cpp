@@ -68,8 +68,9 @@ void Fill(Record& record, const std::string& origin, int first) {
 
 std::string Weights(const QVXRunSettings& record) {
   if (record.weights == nullptr) return std::string(kIndent) + "weights none";
-  std::string text = std::string(kIndent) + "weights";
-  for (std::size_t i = 0; i < _msize(record.weights) / sizeof(double); ++i) {
+  const std::size_t count = _msize(record.weights) / sizeof(double);
+  std::string text = std::string(kIndent) + (count == 0 ? "weights of no process" : "weights");
+  for (std::size_t i = 0; i < count; ++i) {
     char number[32];
     text += ' ';
     text.append(number, std::to_chars(number, number + sizeof number, record.weights[i]).ptr);
