@@ -1,6 +1,7 @@
-// QuorvexFakeSolver.exe stands in for a solver. It does what a script in its environment says:
-// QUORVEX_FAKE_SOLVER_<STEM>, for copies under other names, or QUORVEX_FAKE_SOLVER. Commands are
-// separated by `;`; see kCommands. Without a script it plays a short, well-behaved run.
+// QuorvexFakeSolver.exe stands in for a solver. It does what a script says: the file <stem>.script
+// beside it or else a variable of its environment, QUORVEX_FAKE_SOLVER_<STEM> or
+// QUORVEX_FAKE_SOLVER. Copies have stems of their own. Commands are separated by `;`; see
+// kCommands. Without a script it plays a short, well-behaved run.
 #include <windows.h>
 
 #include <algorithm>
@@ -10,7 +11,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -181,15 +184,29 @@ void RunScript(std::string_view script) {
   }
 }
 
-const char* FindScript() {
+std::filesystem::path OwnPath() {
   std::array<char, 4096> path{};
   GetModuleFileNameA(nullptr, path.data(), path.size());
-  std::string name = "QUORVEX_FAKE_SOLVER_" + std::filesystem::path(path.data()).stem().string();
+  std::string own = path.data();
+  // Wine names a file on a share without the backslashes in front.
+  if (own.starts_with("UNC\\")) own.replace(0, 3, "\\");
+  return own;
+}
+
+std::optional<std::string> FindScript() {
+  const std::filesystem::path self = OwnPath();
+  if (std::ifstream file(std::filesystem::path(self).replace_extension("script"), std::ios::binary);
+      file.is_open()) {
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }
+  std::string name = "QUORVEX_FAKE_SOLVER_" + self.stem().string();
   for (char& character : name) {
     character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
   }
-  const char* const own = Variable(name);
-  return own != nullptr ? own : Variable("QUORVEX_FAKE_SOLVER");
+  for (const std::string& variable : {name, std::string("QUORVEX_FAKE_SOLVER")}) {
+    if (const char* const script = Variable(variable)) return script;
+  }
+  return std::nullopt;
 }
 
 void PlayRun() {
@@ -214,9 +231,8 @@ void PlayRun() {
 }  // namespace
 
 int main() {
-  const char* const script = FindScript();
-  if (script != nullptr) {
-    RunScript(script);
+  if (const std::optional<std::string> script = FindScript()) {
+    RunScript(*script);
   } else {
     PlayRun();
   }
