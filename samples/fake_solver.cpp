@@ -24,6 +24,7 @@ constexpr UINT kAwaitedInVain = 99;
 constexpr DWORD kPollMilliseconds = 10;
 constexpr ULONGLONG kAwaitMilliseconds = 60'000;
 constexpr DWORD kProgressMilliseconds = 50;
+constexpr DWORD kOutliveMilliseconds = 300;
 
 void Write(DWORD stream, std::string_view bytes) {
   DWORD written = 0;
@@ -124,6 +125,18 @@ void Await(std::string_view path) {
   }
 }
 
+void Outlive(std::string_view path) {
+  Await(path);
+  DWORD identifier = 0;
+  std::ifstream(std::filesystem::path(path)) >> identifier;
+  if (const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, identifier)) {
+    WaitForSingleObject(process, INFINITE);
+    CloseHandle(process);
+  }
+  // Whoever else waits for that end has to notice it first.
+  Sleep(kOutliveMilliseconds);
+}
+
 void SleepFor(std::string_view milliseconds) { Sleep(static_cast<DWORD>(Number(milliseconds))); }
 
 /// On a pipe this waits until the reader has taken everything.
@@ -154,6 +167,7 @@ const std::map<std::string_view, void (*)(std::string_view)> kCommands{
     {"variable", PrintVariable},         // NAME
     {"touch", Touch},                    // PATH: makes a file that holds the process id
     {"await", Await},                    // PATH: waits until the file is there
+    {"outlive", Outlive},                // PATH: waits for the end of the process that made it
     {"sleep", SleepFor},                 // MILLISECONDS
     {"flush", Flush},                    // waits until all output has been read
     {"close", CloseOutput},              // closes standard output and error

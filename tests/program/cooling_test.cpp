@@ -70,8 +70,8 @@ RunPlan ParallelPlan(const std::string& cmx, const std::string& flow, const std:
       .scripts = {{"Qvx3DFlow", "rank 0 print flow;rank 0 args;flush;await <site>\\flow"},
                   {"Qvx3DCool", "rank 0 print cool;rank 0 args;flush;await <site>\\cool"}},
       .meanwhile = [flow, cool](LauncherProcess& launcher, const Site& site) -> std::string {
-        return LetGoOnceShown(flow, "flow")(launcher, site) +
-               LetGoOnceShown(cool, "cool")(launcher, site);
+        const std::string complaint = LetGoOnceShown(flow, "flow")(launcher, site);
+        return complaint + LetGoOnceShown(cool, "cool")(launcher, site);
       },
   };
 }
