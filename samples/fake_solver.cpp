@@ -236,10 +236,10 @@ void PlayRun() {
   Print(title);
   PrintArguments({});
   for (int percent = 25; percent <= 100; percent += 25) {
-    Sleep(kProgressMilliseconds);
     Print("progress " + std::to_string(percent) + " %");
+    Flush({});
+    Sleep(kProgressMilliseconds);
   }
-  Flush({});
 }
 
 }  // namespace

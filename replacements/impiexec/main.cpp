@@ -92,7 +92,11 @@ std::vector<Rank> RanksOf(const CommandLine& commandLine) {
         for (const Variable& variable : commandLine.globalVariables) {
           environment.Set(variable.name, variable.value);
         }
-        group.isDistributed ? environment.AddMachines() : environment.AddOwn();
+        if (group.isDistributed) {
+          environment.AddMachines();
+        } else {
+          environment.AddOwn();
+        }
         ranks.push_back({node, application, group.solverCommandLine, environment.Block(),
                          group.folder, commandLine.labelsOutput ? "[" + number + "]" : ""});
       }
