@@ -6,6 +6,8 @@
 #include <random>
 #include <vector>
 
+#include "tests/program/under_launcher.h"
+
 namespace qvx::test {
 namespace {
 
@@ -91,11 +93,24 @@ class Generator {
     run.plan.cmx = CmxFile();
     PlanArguments(family, run.plan);
     const Output output = MakeOutput();
-    run.plan.script = Rank() + "command-line;flush;" + output.script +
-                      (run.status == 0 ? "" : "exit " + std::to_string(run.status));
-    if (conformal_) ExpectPass(kFamilies[0], Flow(), output, run);
+    run.plan.script = Script(output, "own", run.status);
+    if (conformal_) {
+      run.plan.scripts = {{"Qvx3DFlow", Script(output, "flow", run.status)}};
+      ExpectPass(kFamilies[0], Flow(), output, run);
+    }
     ExpectPass(family, Rest(family), output, run);
     run.output += kCountdown;
+    if (mode_ != 0) {
+      run.plan.meanwhile = [shown = shown_](LauncherProcess& launcher,
+                                            const Site& site) -> std::string {
+        std::string complaint;
+        for (std::size_t pass = 0; pass < shown.size(); ++pass) {
+          const bool isLast = pass + 1 == shown.size();
+          complaint += LetGoOnceShown(shown[pass], isLast ? "own" : "flow")(launcher, site);
+        }
+        return complaint;
+      };
+    }
     return run;
   }
 
@@ -104,6 +119,13 @@ class Generator {
 
   /// In a parallel run one process prints; the process launcher passes it on.
   std::string Rank() const { return mode_ == 0 ? "" : "rank 0 "; }
+
+  /// Under the process launcher a pass ends when `file` is there, see under_launcher.h.
+  std::string Script(const Output& output, const std::string& file, int status) const {
+    return (mode_ == 0 ? "command-line;" : "rank 0 args;") + ("flush;" + output.script) +
+           (mode_ == 0 ? "" : "await <site>\\" + file + ";") +
+           (status == 0 ? "" : "exit " + std::to_string(status));
+  }
 
   Output MakeOutput() {
     Output output;
@@ -221,11 +243,11 @@ class Generator {
       case Arguments::Flow:
         return Molding(0);
       case Arguments::Shell:
-        return " -option " + option + " -extra \"an extra text\" -extra \"\" -extra \"\"";
+        return " -option " + option + " -extra \"an extra text\" -extra \" \" -extra \" \"";
       case Arguments::Shot:
         return Molding(option_) +
                (shotProject_.empty()
-                    ? " -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\""
+                    ? " -prevshot 0 -prevproject \" \" -prevrun \"00\" -prevname \" \""
                     : " -prevshot 1 -prevproject \"" + shotProject_ + "\" -prevrun \"" +
                           TwoDigits(7) + "\" -prevname \"First\"") +
                SecondOption(family);
@@ -242,7 +264,7 @@ class Generator {
   }
 
   void ExpectPass(const Family& family, const std::string& rest, const Output& output,
-                  RandomRun& run) const {
+                  RandomRun& run) {
     const char* const modes[] = {"serial", "smp", "dmp"};
     const std::string site = mode_ == 2 ? "<share>" : "<site>";
     const std::string path = site + "\\Home\\Bin\\" + family.solver;
@@ -251,6 +273,8 @@ class Generator {
                                   "\" -name \"Sample\" -run \"01\"" + rest;
     const std::string solverLine = (mode_ == 0 ? path : "\"" + path + "\"") + arguments;
     const std::string reported = mode_ == 0 ? path : kImpiexec;
+    const std::string printed = mode_ == 0 ? solverLine + "\r\n" : ArgumentLines(solverLine);
+    shown_.push_back(printed + output.shown);
     std::string commandLine = solverLine;
     std::string heading;
     if (mode_ == 1) {
@@ -269,9 +293,9 @@ class Generator {
     }
     run.output +=
         ConsoleOf(mode_ == 0 ? "Launch serial computing\r\n" : "Launch parallel computing\r\n",
-                  solverLine + "\r\n" + output.shown, reported, run.status);
+                  printed + output.shown, reported, run.status);
     run.logs[std::string("console_redirect_") + modes[mode_] + "_" + family.label + "_<time>.txt"] =
-        heading + LogOf(commandLine, solverLine + "\r\n" + output.logged, reported, run.status);
+        heading + LogOf(commandLine, printed + output.logged, reported, run.status);
   }
 
   std::mt19937 random_;
@@ -282,6 +306,7 @@ class Generator {
   int tasks_ = 0;
   std::vector<Machine> machines_;
   std::string shotProject_;
+  std::vector<std::string> shown_;  ///< by each pass's solver
 };
 
 }  // namespace
