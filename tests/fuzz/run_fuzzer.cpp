@@ -119,7 +119,7 @@ void RunInput(std::string_view input) {
   const bool isTraced = IsTraced(input);
   std::vector<std::string> arguments = TakeLines(input, 3);
   arguments.resize(3);
-  const plain::Surroundings world = {.cmx = std::string(input),
+  const plain::Surroundings world = {.cmx = input,
                                      .parallelFolder = "Share",
                                      .mpiPath = "I\\",
                                      .mpiConfiguration = "C",

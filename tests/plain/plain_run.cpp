@@ -25,7 +25,10 @@ constexpr const char* kLogPrefixes[] = {"console_redirect_serial_", "console_red
                                         "console_redirect_dmp_"};
 
 std::string Join(std::initializer_list<std::string_view> parts) {
+  std::size_t length = 0;
+  for (const std::string_view part : parts) length += part.size();
   std::string text;
+  text.reserve(length);
   for (const std::string_view part : parts) text += part;
   return text;
 }

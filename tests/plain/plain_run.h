@@ -93,7 +93,7 @@ std::string StandInArguments(int solverClass, const Record& record);
 
 /// What the launcher finds around it.
 struct Surroundings {
-  std::optional<std::string> cmx;  ///< bytes; none when the file cannot be read
+  std::optional<std::string_view> cmx;  ///< bytes; none when the file cannot be read
   std::string parallelFolder = {};
   std::string mpiPath = {};           ///< as it stands in the registry
   std::string mpiConfiguration = {};  ///< options of the MPI tool's

@@ -75,16 +75,16 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 }  // namespace
 
 std::string InTextMode(std::string_view bytes) {
-  std::string text;
-  for (const char c : bytes.substr(0, bytes.find('\x1A'))) {
-    if (c == '\n' && !text.empty() && text.back() == '\r') text.pop_back();
-    text += c;
+  std::string text(bytes.substr(0, bytes.find('\x1A')));
+  for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos; ++at) {
+    text.erase(at, 1);
   }
   return text;
 }
 
 CmxFile::CmxFile(std::string_view bytes) : text_(InTextMode(bytes)) {
   const std::string_view text = text_;
+  lines_.reserve(static_cast<std::size_t>(std::ranges::count(text, '\n')) + 2);
   bool endSeen = false;
   for (std::size_t at = 0; at < text.size() && !endSeen;) {
     const std::size_t lineEnd = text.find('\n', at);
