@@ -172,7 +172,8 @@ class Generator {
         "<site>\\Home*<site>\\Work\\Sample*Sample*" + std::to_string(option_);
     plan.firstArgument = "L$" + std::to_string(moldingType_);
     if (family.arguments == Arguments::Shell) {
-      plan.firstArgument += "*" + tokens + "*1*an extra text";
+      // The trace shows seven characters behind the "$": no half <site> should be among them.
+      plan.firstArgument += " of a shell*" + tokens + "*1*an extra text";
       plan.arguments = {"-", family.solver};
     } else {
       plan.arguments = {tokens + "*01", family.solver};
