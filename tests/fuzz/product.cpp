@@ -76,7 +76,7 @@ void CheckRecord(const plain::Record& plain, LauncherContext& context) {
       CheckNumber("molding", plain.molding, record.moldingType);
       CheckNumber("parallel mode", plain.parallelMode, record.parallelMode);
       CheckNumber("processes", plain.processes, record.processCount);
-      CheckNumber("weights", plain.weights.empty(), record.weights == nullptr);
+      CheckNumber("has weights", plain.hasWeights ? 1 : 0, record.weights != nullptr ? 1 : 0);
       // Bit by bit: a weight need not equal itself.
       for (std::size_t i = 0; i < plain.weights.size(); ++i) {
         if (std::memcmp(&plain.weights[i], &record.weights[i], sizeof(double)) == 0) continue;

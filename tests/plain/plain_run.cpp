@@ -174,10 +174,12 @@ class Predictor {
       record.processes = Counted(run_.end, Integer(run_.taskManager.ValueNoTask));
       record.weights.assign(static_cast<std::size_t>(std::max(record.processes, 0)),
                             1.0 / record.processes);
+      record.hasWeights = record.processes > 0;
     }
     if (pass.mode == kDmp) {
       MoveToShare(pass);
       SpreadWeightings(record);
+      record.hasWeights = true;
     }
     if (pass.solverClass < kCool) return;
     record.previousShot = run_.multiShot.FlagPrevShot;

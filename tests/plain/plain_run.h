@@ -83,6 +83,7 @@ struct Record {
   std::int32_t molding = 0, option = 0, secondOption = 0;
   std::array<std::string, 3> extras;
   std::int32_t parallelMode = 0, processes = 0;
+  bool hasWeights = false;  ///< an array of them, which may have no entries
   std::vector<double> weights;
   std::int32_t previousShot = 0;
   std::string previousProject, previousRun, previousName;
