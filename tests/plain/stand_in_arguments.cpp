@@ -6,7 +6,10 @@ namespace qvx::plain {
 namespace {
 
 // How the stand-in library writes values; no test's text holds a quote.
-std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
+std::string Quoted(const std::string& text) {
+  const bool needsBlank = text.empty() || text.back() == '\\' || text == ":";
+  return "\"" + text + (needsBlank ? " \"" : "\"");
+}
 
 std::string Short(double number) {
   char text[32];

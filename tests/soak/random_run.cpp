@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/plain/plain_run.h"
+#include "tests/program/under_launcher.h"
 
 namespace qvx::test {
 namespace {
@@ -83,10 +84,21 @@ class Generator {
     run.plan.cmx = CmxFile();
     PlanArguments(family, run.plan);
     const Output output = MakeOutput();
-    run.plan.script = Rank() + "command-line;flush;" + output.script +
-                      (run.status == 0 ? "" : "exit " + std::to_string(run.status));
+    run.plan.script = Script(output, "own", run.status);
+    if (conformal_) run.plan.scripts = {{"Qvx3DFlow", Script(output, "flow", run.status)}};
     run.plan.machine = Below(4) == 0 ? Machine::Traced : Machine::Plain;
     Expect(output, run);
+    if (mode_ != 0) {
+      run.plan.meanwhile = [shown = shown_](LauncherProcess& launcher,
+                                            const Site& site) -> std::string {
+        std::string complaint;
+        for (std::size_t pass = 0; pass < shown.size(); ++pass) {
+          const bool isLast = pass + 1 == shown.size();
+          complaint += LetGoOnceShown(shown[pass], isLast ? "own" : "flow")(launcher, site);
+        }
+        return complaint;
+      };
+    }
     return run;
   }
 
@@ -95,6 +107,13 @@ class Generator {
 
   /// In a parallel run one process prints; the process launcher passes it on.
   std::string Rank() const { return mode_ == 0 ? "" : "rank 0 "; }
+
+  /// Under the process launcher a pass ends when `file` is there, see under_launcher.h.
+  std::string Script(const Output& output, const std::string& file, int status) const {
+    return (mode_ == 0 ? "command-line;" : "rank 0 args;") + ("flush;" + output.script) +
+           (mode_ == 0 ? "" : "await <site>\\" + file + ";") +
+           (status == 0 ? "" : "exit " + std::to_string(status));
+  }
 
   Output MakeOutput() {
     Output output;
@@ -181,7 +200,7 @@ class Generator {
   }
 
   /// What the plain formulation says of the plan. Its texts hold <site> and the like too.
-  static void Expect(const Output& output, RandomRun& run) {
+  void Expect(const Output& output, RandomRun& run) {
     std::vector<std::string> arguments = run.plan.arguments.value();
     arguments.insert(arguments.begin(), run.plan.firstArgument);
     const plain::Run expected =
@@ -191,17 +210,18 @@ class Generator {
                                     .isTraced = run.plan.machine == Machine::Traced});
     run.output = expected.console;
     for (const plain::Pass& pass : expected.passes) {
-      // The solver's own line: in a parallel run it begins with its quoted path.
-      const std::string solverLine =
-          (pass.mode == 0 ? pass.commandLine
-                          : pass.commandLine.substr(pass.commandLine.find('"'))) +
-          "\n";
+      // In a parallel run the solver's line begins with its quoted path.
+      const std::string solverLine = Shared(
+          pass.mode == 0 ? pass.commandLine : pass.commandLine.substr(pass.commandLine.find('"')));
+      const std::string printed = pass.mode == 0 ? solverLine + "\r\n" : ArgumentLines(solverLine);
+      shown_.push_back(printed + output.shown);
       const std::string ending =
           ">>> Return value of " + pass.reportedPath + " = " + std::to_string(run.status) + "\n";
-      run.output += pass.prepared + pass.launched + solverLine + kChild + "\n" + ending;
+      run.output +=
+          pass.prepared + pass.launched + Replaced(printed, "\r\n", "\n") + kChild + "\n" + ending;
       const std::string name = pass.logPath.substr(pass.logPath.rfind('\\') + 1) + "<time>.txt";
-      run.logs[Shared(name)] = Shared(pass.logHeading + Replaced(solverLine, "\n", "\r\n")) +
-                               output.logged + Shared(Replaced(ending, "\n", "\r\n"));
+      run.logs[Shared(name)] = Shared(pass.logHeading) + printed + output.logged +
+                               Shared(Replaced(ending, "\n", "\r\n"));
     }
     run.output = Shared(Replaced(run.output, "\n", "\r\n"));
     run.output = Replaced(run.output, kChild, output.shown) + kCountdown;
@@ -223,6 +243,7 @@ class Generator {
   int tasks_ = 0;
   std::vector<Node> nodes_;
   std::string shotProject_;
+  std::vector<std::string> shown_;  ///< by each pass's solver
 };
 
 }  // namespace
