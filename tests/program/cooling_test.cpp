@@ -31,7 +31,7 @@ RunPlan ConformalPlan(const std::string& cmx, const std::string& script) {
 
 const PlannedRun kSerial(ConformalPlan(kSerialCmx, "command-line;flush;exit 4"));
 
-TEST(ConformalCooling, RunsTheFlowSolverAndThenTheCoolingSolver) {
+RUN_TEST(ConformalCooling, RunsTheFlowSolverAndThenTheCoolingSolver, &kSerial) {
   const std::string flow = kFlowPath + " " + LocalArguments(2, kSerialSettings);
   const std::string cool = kCoolPath + " " + LocalArguments(3, kSerialSettings + kNoPreviousShot);
   EXPECT_EQ(kSerial->output, SerialConsole(flow + "\r\n", kFlowPath, 4) +
@@ -51,7 +51,7 @@ const PlannedRun kFirstFails({
     .environment = {{"QUORVEX_FAKE_SOLVER_QVX3DFLOW", "print flow;flush;exit 3"}},
 });
 
-TEST(ConformalCooling, GoesOnAfterAFirstPassThatFailed) {
+RUN_TEST(ConformalCooling, GoesOnAfterAFirstPassThatFailed, &kFirstFails) {
   EXPECT_EQ(kFirstFails->output, SerialConsole("flow\r\n", kFlowPath, 3) +
                                      SerialConsole("cool\r\n", kCoolPath, 0) + kCountdown);
   EXPECT_EQ(kFirstFails->status, 0);
@@ -62,7 +62,7 @@ const std::string kImpiexec = "C:\\NODE1\\mpi\\impiexec.exe";
 
 const PlannedRun kSmp(ConformalPlan(kSmpCmx, "rank 0 command-line;flush"));
 
-TEST(ConformalCooling, RunsBothPassesInSharedMemory) {
+RUN_TEST(ConformalCooling, RunsBothPassesInSharedMemory, &kSmp) {
   const std::string settings = "-parallel 1 -processes 2 -weights 0.5,0.5";
   const std::string flow = "\"" + kFlowPath + "\" " + LocalArguments(2, settings);
   const std::string cool = "\"" + kCoolPath + "\" " + LocalArguments(3, settings + kNoPreviousShot);
@@ -73,7 +73,7 @@ TEST(ConformalCooling, RunsBothPassesInSharedMemory) {
 
 const PlannedRun kDmp(ConformalPlan(kDmpCmx, "rank 0 command-line;flush"));
 
-TEST(ConformalCooling, MovesBothPassesToTheShare) {
+RUN_TEST(ConformalCooling, MovesBothPassesToTheShare, &kDmp) {
   const std::string settings = "-parallel 2 -processes 3 -weights 0.3,0.3,0.4";
   const auto command = [&](const std::string& solver, int option, const std::string& rest) {
     return "\"<share>\\Home\\Bin\\" + solver + "\" " +
@@ -92,7 +92,7 @@ const PlannedRun kTwo({.solver = "Qvx3DCool.exe",
                               "<SOLID_COOL>\nFlag3DSolidCoolingChannel=2\n</SOLID_COOL>\n",
                        .script = "print x;flush"});
 
-TEST(ConformalCooling, IsAskedForByOneOnly) {
+RUN_TEST(ConformalCooling, IsAskedForByOneOnly, &kTwo) {
   EXPECT_EQ(kTwo->output, SerialConsole("x\r\n", kCoolPath, 0) + kCountdown);
 }
 
@@ -109,7 +109,7 @@ const PlannedRun kShotWarp({.solver = "Qvx3DWarp.exe",
 const PlannedRun kShotStress({.solver = "QvxStress.exe",
                               .cmx = std::string(kSerialCmx) + kPreviousShot});
 
-TEST(MultiShot, ReachesTheCoolingAndWarpageSolvers) {
+RUN_TEST(MultiShot, ReachesTheCoolingAndWarpageSolvers, &kShotCool, &kShotWarp) {
   EXPECT_EQ(
       kShotCool->output,
       SerialConsole(kCoolPath + " " + LocalArguments(3, kSerialSettings + kShotArguments) + "\r\n",
@@ -124,7 +124,7 @@ TEST(MultiShot, ReachesTheCoolingAndWarpageSolvers) {
           kCountdown);
 }
 
-TEST(MultiShot, IsNotReadForStress) {
+RUN_TEST(MultiShot, IsNotReadForStress, &kShotStress) {
   const std::string stress = "<site>\\Home\\Bin\\QvxStress.exe";
   EXPECT_EQ(kShotStress->output,
             SerialConsole(stress + " " +

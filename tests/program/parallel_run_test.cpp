@@ -21,7 +21,7 @@ const PlannedRun kSmp({
               "rank 1 variable I_MPI_SMPD_VERSION_CHECK;flush",
 });
 
-TEST(SharedMemoryRun, StartsTheProcessesUnderTheMpiProcessLauncher) {
+RUN_TEST(SharedMemoryRun, StartsTheProcessesUnderTheMpiProcessLauncher, &kSmp) {
   const std::string child = kSmpSolver + "\r\nPMI_SIZE=2\r\n0=0\r\nI_MPI_SMPD_VERSION_CHECK=0\r\n";
   EXPECT_EQ(kSmp->output, ConsoleOf(kBanner, child, kImpiexec, 0) + kCountdown);
   EXPECT_EQ(kSmp->status, 0);
@@ -30,14 +30,14 @@ TEST(SharedMemoryRun, StartsTheProcessesUnderTheMpiProcessLauncher) {
 
 const PlannedRun kSmpFails({.cmx = kSmpCmx, .script = "rank 1 exit 70000"});
 
-TEST(SharedMemoryRun, ReturnsTheProcessLaunchersExitCode) {
+RUN_TEST(SharedMemoryRun, ReturnsTheProcessLaunchersExitCode, &kSmpFails) {
   EXPECT_EQ(kSmpFails->output, ConsoleOf(kBanner, "", kImpiexec, 70000) + kCountdown);
   EXPECT_EQ(kSmpFails->status, 70000);
 }
 
 const PlannedRun kNoManager({.machine = Machine::NoProcessManager, .cmx = kSmpCmx});
 
-TEST(SharedMemoryRun, ExplainsAMissingProcessManager) {
+RUN_TEST(SharedMemoryRun, ExplainsAMissingProcessManager, &kNoManager) {
   const std::string impiexec = "C:\\NODE1\\mpi2\\impiexec.exe";  // one backslash
   const std::string advice =
       "\nIntel(R) MPI Library(4.0) Process Manager(smpd) is not started!\n"
@@ -73,7 +73,7 @@ const PlannedRun kDmp({
     .script = "rank 2 command-line;rank 2 variable PMI_HOST;rank 2 variable PMI_SIZE;flush",
 });
 
-TEST(DistributedRun, StartsTheSharedSolverOnEveryMachineAndLogsOnTheShare) {
+RUN_TEST(DistributedRun, StartsTheSharedSolverOnEveryMachineAndLogsOnTheShare, &kDmp) {
   const std::string child = "\"<share>\\Home\\Bin\\Qvx3DFlow.exe\" " + kDmpArguments +
                             "\r\nPMI_HOST=NODE2\r\nPMI_SIZE=3\r\n";
   EXPECT_EQ(kDmp->output, ConsoleOf(kBanner, child, kImpiexec, 0) + kCountdown);
@@ -107,7 +107,8 @@ void ExpectRunWithoutHosts(const PlannedRun& run, const std::string& count) {
       (Logs{{kDmpLog, "Used compute nodes:\r\n\r\n" + LogOf(commandLine, child, kImpiexec, -1)}}));
 }
 
-TEST(DistributedRun, ListsNoHostsForACountThatIsNoPositiveNumber) {
+RUN_TEST(DistributedRun, ListsNoHostsForACountThatIsNoPositiveNumber, &kNoMachines,
+         &kTextForMachines) {
   ExpectRunWithoutHosts(kNoMachines, "0");
   ExpectRunWithoutHosts(kTextForMachines, "two");
 }
@@ -116,7 +117,7 @@ const PlannedRun kMoreThanLines({.machine = Machine::Traced,
                                  .cmx = WithMachines("ValueNoMachine=3\nValueMachineSetting\n"
                                                      "1=NODE1\t1\n</REMOTE_MACHINES>\n")});
 
-TEST(DistributedRun, ListsEmptyMachinesWhenLinesAreMissing) {
+RUN_TEST(DistributedRun, ListsEmptyMachinesWhenLinesAreMissing, &kMoreThanLines) {
   EXPECT_NE(kMoreThanLines->output.find("-hosts 3 NODE1 1 NULL NULL "), std::string::npos)
       << kMoreThanLines->output;
 }
@@ -127,7 +128,7 @@ const PlannedRun kOldDmpLogs(
        site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_dmp_Cool_old.txt", "kept");
      }});
 
-TEST(DistributedRun, DeletesOldLogsInTheLocalRunFolder) {
+RUN_TEST(DistributedRun, DeletesOldLogsInTheLocalRunFolder, &kOldDmpLogs) {
   EXPECT_EQ(kOldDmpLogs->logs.count("console_redirect_dmp_Flow_old.txt"), 0U);
   EXPECT_EQ(kOldDmpLogs->logs.count("console_redirect_dmp_Cool_old.txt"), 1U);
   EXPECT_EQ(kOldDmpLogs->logs.count(kDmpLog), 1U);
@@ -139,7 +140,7 @@ const PlannedRun kManyHosts({.cmx = [] {
   return WithMachines(lines);
 }()});
 
-TEST(DistributedRun, CannotStartWithACommandLineBeyondTheSystemsLimit) {
+RUN_TEST(DistributedRun, CannotStartWithACommandLineBeyondTheSystemsLimit, &kManyHosts) {
   EXPECT_EQ(kManyHosts->output.rfind("Launch parallel computing\r\nCreateProcess [", 0), 0U);
   EXPECT_NE(kManyHosts->output.find("] failed. system error("), std::string::npos);
   EXPECT_EQ(kManyHosts->status, -1);
