@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <mutex>
 #include <set>
 #include <stdexcept>
 #include <thread>
@@ -16,7 +17,7 @@
 namespace qvx::test {
 namespace {
 
-constexpr std::size_t kSideBySide = 16;
+constexpr std::size_t kSideBySide = 32;
 const std::string kMpi = "C:\\NODE1\\mpi";
 const std::string kMpiWithoutManager = "C:\\NODE1\\mpi2";
 const std::string kScriptedMpi = "C:\\NODE1\\mpi3";
@@ -61,7 +62,44 @@ void ForEachSideBySide(const Runs& runs, const std::function<void(const PlannedR
   for (std::thread& thread : threads) thread.join();
 }
 
+void CarryOutChosenRuns() {
+  const std::set<const PlannedRun*> chosen = ChosenRuns();
+  InstallImpiexec(kMpi);
+  InstallImpiexec(kMpiWithoutManager);
+  InstallImpiexec(kScriptedMpi, "QuorvexFakeSolver.exe");
+  std::ofstream(kMpiWithoutManager + "\\impiexec_no_smpd.txt");
+  const MpiInstallPathValue mpiPath;
+  const DebugTraceSwitchFile traceSwitch;
+  const std::map<Machine, std::string> mpiPaths = {
+      {Machine::Plain, kMpi},
+      {Machine::Traced, kMpi},
+      {Machine::WithoutMpi, ""},
+      {Machine::NoProcessManager, kMpiWithoutManager + "\\"},
+      {Machine::ScriptedMpi, kScriptedMpi},
+  };
+  for (const auto& [machine, path] : mpiPaths) {
+    mpiPath.Set(path);
+    if (machine == Machine::WithoutMpi) mpiPath.Remove();
+    if (machine == Machine::Traced) std::ofstream{traceSwitch.Path()};
+    Runs runs;
+    std::ranges::copy_if(chosen, std::back_inserter(runs),
+                         [wanted = machine](const PlannedRun* run) { return run->On() == wanted; });
+    // All files first: a launcher would inherit one that is just being written, and keep the solver
+    // in it from being started.
+    for (const PlannedRun* run : runs) run->LayOut();
+    ForEachSideBySide(runs, [](const PlannedRun& run) { run.CarryOut(); });
+    std::filesystem::remove(traceSwitch.Path());
+  }
+}
+
 }  // namespace
+
+const RunResult* PlannedRun::operator->() const {
+  static std::once_flag once;
+  std::call_once(once, CarryOutChosenRuns);
+  EXPECT_EQ(whyNot_, "");
+  return &result_;
+}
 
 RunsOfTest::RunsOfTest(const char* test, Runs (*runs)()) { RunsByTest().emplace(test, runs); }
 
@@ -96,37 +134,6 @@ void PlannedRun::CarryOut() const try {
   whyNot_.clear();
 } catch (const std::exception& reason) {
   whyNot_ = reason.what();
-}
-
-void CarryOutChosenRuns() {
-  const std::set<const PlannedRun*> chosen = ChosenRuns();
-  if (chosen.empty()) return;
-  InstallImpiexec(kMpi);
-  InstallImpiexec(kMpiWithoutManager);
-  InstallImpiexec(kScriptedMpi, "QuorvexFakeSolver.exe");
-  std::ofstream(kMpiWithoutManager + "\\impiexec_no_smpd.txt");
-  const MpiInstallPathValue mpiPath;
-  const DebugTraceSwitchFile traceSwitch;
-  const std::map<Machine, std::string> mpiPaths = {
-      {Machine::Plain, kMpi},
-      {Machine::Traced, kMpi},
-      {Machine::WithoutMpi, ""},
-      {Machine::NoProcessManager, kMpiWithoutManager + "\\"},
-      {Machine::ScriptedMpi, kScriptedMpi},
-  };
-  for (const auto& [machine, path] : mpiPaths) {
-    mpiPath.Set(path);
-    if (machine == Machine::WithoutMpi) mpiPath.Remove();
-    if (machine == Machine::Traced) std::ofstream{traceSwitch.Path()};
-    Runs runs;
-    std::ranges::copy_if(chosen, std::back_inserter(runs),
-                         [wanted = machine](const PlannedRun* run) { return run->On() == wanted; });
-    // All files first: a launcher would inherit one that is just being written, and keep the solver
-    // in it from being started.
-    for (const PlannedRun* run : runs) run->LayOut();
-    ForEachSideBySide(runs, [](const PlannedRun& run) { run.CarryOut(); });
-    std::filesystem::remove(traceSwitch.Path());
-  }
 }
 
 std::string ConsoleOf(const std::string& banner, const std::string& child,

@@ -1,6 +1,6 @@
-// Whole runs of the launcher, carried out side by side before the first test, because each one
-// sleeps five seconds in its countdown. RUN_TEST names the runs that a test looks at; only those of
-// the tests that the filter chooses are carried out.
+// Whole runs of the launcher, carried out side by side, because each one sleeps five seconds in its
+// countdown. RUN_TEST names the runs that a test looks at. The first look at one carries out those
+// of all the tests that the filter chose, and no other.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -70,10 +70,7 @@ class PlannedRun {
   PlannedRun& operator=(const PlannedRun&) = delete;
 
   /// Fails the test when the run was not carried out.
-  const RunResult* operator->() const {
-    EXPECT_EQ(whyNot_, "");
-    return &result_;
-  }
+  const RunResult* operator->() const;
 
   Machine On() const { return plan_.machine; }
 
@@ -96,9 +93,6 @@ class RunsOfTest {
  public:
   RunsOfTest(const char* test, Runs (*runs)());
 };
-
-/// Has to follow the choice of tests and come before the first of them.
-void CarryOutChosenRuns();
 
 #define RUN_TEST(suite, name, ...)                                                                \
   const qvx::test::RunsOfTest suite##_##name##_Runs(#suite "." #name,                             \

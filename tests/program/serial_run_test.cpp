@@ -30,6 +30,7 @@ RUN_TEST(SerialRun, EchoesAndLogsWhatTheSolverPrintsOnBothStreams, &kPlain) {
   EXPECT_EQ(kPlain->logs, OneLog(child, 0));
 }
 
+// That they are not more says CoolingRun, which need not look at a clock.
 RUN_TEST(SerialRun, EndsWithACountdownOfFiveSeconds, &kPlain) { EXPECT_GE(kPlain->seconds, 4.9); }
 
 const PlannedRun kOne({.script = "print x;flush;exit 1"});
@@ -82,13 +83,6 @@ const PlannedRun kSilent({.script = "exit 0"});
 RUN_TEST(SerialRun, LogsASolverThatPrintsNothing, &kSilent) {
   EXPECT_EQ(kSilent->output, Console("", 0));
   EXPECT_EQ(kSilent->logs, OneLog("", 0));
-}
-
-const PlannedRun kClosed({.script = "print x;flush;close;sleep 300;exit 7"});
-
-RUN_TEST(SerialRun, WaitsForASolverThatClosedItsOutput, &kClosed) {
-  EXPECT_EQ(kClosed->output, Console("x\r\n", 7));
-  EXPECT_EQ(kClosed->status, 7);
 }
 
 const PlannedRun kFolder({.script = "folder;flush",

@@ -9,6 +9,7 @@
 
 #include "launcher/console_control_handler.h"
 #include "launcher/process_wide_values.h"
+#include "tests/support/no_countdown.h"
 #include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 
@@ -47,6 +48,7 @@ class CoolingRun : public test::LaunchTest {
       outcome.result = RunEntrySequence(3, arguments);
       system.join();
     });
+    EXPECT_EQ(noCountdown.Seconds(), 5);
     return outcome;
   }
 
@@ -56,6 +58,7 @@ class CoolingRun : public test::LaunchTest {
 
   const std::string cooler = home + "\\Bin\\Qvx3DCool.exe";
   const test::DebugTraceSwitchFile withoutTrace;
+  const test::NoCountdown noCountdown;
   const test::EnvironmentVariable flowScript{"QUORVEX_FAKE_SOLVER_QVX3DFLOW"};
   const test::EnvironmentVariable coolScript{"QUORVEX_FAKE_SOLVER_QVX3DCOOL"};
 };
