@@ -85,6 +85,14 @@ RUN_TEST(SerialRun, LogsASolverThatPrintsNothing, &kSilent) {
   EXPECT_EQ(kSilent->logs, OneLog("", 0));
 }
 
+const PlannedRun kClosed({.script = "print x;flush;close;exit 7"});
+
+// Under Wine the solver's console keeps the pipe open as long as the solver lives.
+RUN_TEST(SerialRun, ReturnsTheExitCodeOfASolverThatClosedItsOutput, &kClosed) {
+  EXPECT_EQ(kClosed->output, Console("x\r\n", 7));
+  EXPECT_EQ(kClosed->status, 7);
+}
+
 const PlannedRun kFolder({.script = "folder;flush",
                           .currentFolder = "<site>\\Work",
                           .prepare = {}});

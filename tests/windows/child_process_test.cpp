@@ -100,12 +100,6 @@ TEST_F(ChildProcess, IsAwaitedWhenThePumpEndsBeforeIt) {
   ExpectOutcome(outcome, 5, "the solver", "up\r\n", "Commandline=[" + solver + "]\r\nup\r\n");
 }
 
-TEST_F(ChildProcess, IsAwaitedWhenItClosesItsOutputBeforeItsEnd) {
-  const test::Outcome outcome =
-      RunUntilAwaited("print up;flush;close;", [&] { return LaunchSerial(context); });
-  ExpectOutcome(outcome, 5, solver, shown, logged);
-}
-
 TEST_F(ChildProcess, IsLoggedAtOnceInAFileThatOthersMayReadAndWriteButNotDelete) {
   const test::Outcome outcome = RunWith([this] {
     const std::string path = runFolder + "\\" + NamesIn(runFolder).front();
