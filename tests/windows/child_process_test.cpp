@@ -39,10 +39,9 @@ class ChildProcess : public test::LaunchTest {
   /// The child says "up" and waits until `whileItRuns` is done, which begins when that is logged.
   template <typename Action>
   test::Outcome RunWith(Action&& whileItRuns) {
-    script.Set("print up;flush;touch " + folder.Path("up") + ";await " + folder.Path("go on"));
+    script.Set("touch " + folder.Path("up") + ";print up;flush;await " + folder.Path("go on"));
     std::jthread other([&] {
-      test::Await(folder.Path("up"));
-      for (int i = 0; i < 3000 && Log() != logged; ++i) Sleep(test::kPollMilliseconds);
+      AwaitLogged("up\r\n");
       whileItRuns();
       folder.Write("go on", "");
     });

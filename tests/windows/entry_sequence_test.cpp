@@ -33,8 +33,7 @@ class CoolingRun : public test::LaunchTest {
 
   /// Runs the launcher and breaks the pass whose solver has `variable`.
   test::Outcome Break(const test::EnvironmentVariable& variable) {
-    const std::string started = folder.Path("started");
-    variable.Set("print up;flush;touch " + started + ";await " + folder.Path("never"));
+    variable.Set("print up;flush;await " + folder.Path("never"));
     std::string first = "L$1";
     std::string tokens = home + "*" + folder.Path("Project") + "*Sample*0*01";
     std::string name = "Qvx3DCool.exe";
@@ -42,7 +41,7 @@ class CoolingRun : public test::LaunchTest {
     test::Outcome outcome = {};
     outcome.console = test::ConsoleOf([&] {
       std::thread system([&] {
-        test::Await(started);
+        AwaitLogged("up\r\n");
         EXPECT_EQ(HandleConsoleControl(CTRL_BREAK_EVENT), TRUE);
       });
       outcome.result = RunEntrySequence(3, arguments);
