@@ -138,8 +138,9 @@ TEST(ImpiexecCommandLine, ReadsTokensLikeTheCRuntime) {
 }
 
 TEST(ImpiexecCommandLine, QuotesArgumentsAnewAsFarAsTheyHoldBlanks) {
-  EXPECT_EQ(ParsedGroup("\"p\" \"x\" \"y z\" a\\\"b \"C:\\d\\\\\" \"*\"").solverCommandLine,
-            "p x \"y z\" a\\\"b C:\\d\\ *");
+  EXPECT_EQ(
+      ParsedGroup("\"p\" \"x\" \"y z\" \"s\tt\" a\\\"b \"C:\\d\\\\\" \"*\"").solverCommandLine,
+      "p x \"y z\" \"s\tt\" a\\\"b C:\\d\\ *");
 }
 
 TEST(ImpiexecCommandLine, SpoilsArgumentsThatAreEmptyOrEndWithABackslash) {
