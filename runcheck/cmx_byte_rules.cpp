@@ -22,6 +22,24 @@ bool IsInASection(const CmxFacts& facts, const CmxLine& line) {
   });
 }
 
+bool IsUtf16(std::string_view bytes) {
+  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return true;
+  // Without a mark: every second byte of the first tag is zero.
+  constexpr std::size_t kLooked = 16;
+  if (bytes.size() < kLooked) return false;
+  const auto zeros = [&](std::size_t first) {
+    for (std::size_t i = first; i < kLooked; i += 2) {
+      if (bytes[i] != '\0' || bytes[i ^ 1U] == '\0') return false;
+    }
+    return true;
+  };
+  return zeros(0) || zeros(1);
+}
+
+bool HasLoneCarriageReturns(std::string_view bytes) {
+  return bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
+}
+
 void CheckByteOrderMark(const CmxFacts& facts, Diagnostics& found) {
   if (!facts.File().bytes.starts_with(kByteOrderMark)) return;
   const CmxLine& line = facts.Lines().front();
@@ -73,8 +91,7 @@ void CheckControlZ(const CmxFacts& facts, Diagnostics& found) {
 }
 
 void CheckLineEnds(const CmxFacts& facts, Diagnostics& found) {
-  const std::string& bytes = facts.File().bytes;
-  if (bytes.find('\n') == std::string::npos && bytes.find('\r') != std::string::npos) {
+  if (HasLoneCarriageReturns(facts.File().bytes)) {
     found.push_back(Diagnostic("cmx-line-ends", "the lines end in lone carriage returns")
                         .Because("the launcher would take the whole file as one line"));
     return;
@@ -105,19 +122,7 @@ void CheckLongLines(const CmxFacts& facts, Diagnostics& found) {
 
 }  // namespace
 
-bool IsUtf16(std::string_view bytes) {
-  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return true;
-  // Without a mark: every second byte of the first tag is zero.
-  constexpr std::size_t kLooked = 16;
-  if (bytes.size() < kLooked) return false;
-  const auto zeros = [&](std::size_t first) {
-    for (std::size_t i = first; i < kLooked; i += 2) {
-      if (bytes[i] != '\0' || bytes[i ^ 1U] == '\0') return false;
-    }
-    return true;
-  };
-  return zeros(0) || zeros(1);
-}
+bool HasLines(std::string_view bytes) { return !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes); }
 
 void CheckBytes(const CmxFacts& facts, Diagnostics& found) {
   if (IsUtf16(facts.File().bytes)) {

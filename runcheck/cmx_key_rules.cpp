@@ -9,6 +9,8 @@
 namespace qvx::runcheck {
 namespace {
 
+constexpr std::size_t kLongestShownKey = 64;
+
 bool IsComment(std::string_view text) {
   text = TrimmedOfInvisible(text);
   return text.empty() || std::string_view(";#/!'*-").find(text.front()) != std::string_view::npos;
@@ -120,7 +122,8 @@ class KeyRules {
               .As(kWarning)
               .Suggest(std::string(key->name), written_as(*key)),
           *key, setting, setting.value);
-    } else if (setting.hasEquals && !IsStrayEntry(setting)) {
+    } else if (setting.hasEquals && setting.key.size() <= kLongestShownKey &&
+               !IsStrayEntry(setting)) {
       found_.push_back(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
                            .At(KeyRange(facts_.File(), setting), setting.line->whole));
     }
@@ -145,10 +148,10 @@ class KeyRules {
       const std::string_view value = rest.substr(valueAt);
       const std::string right = std::string(key.name) + " = " + std::string(value);
       const std::string_view between = TrimmedOfInvisible(separator);
-      Add(Diagnostic("cmx-separator",
-                     between.empty()
-                         ? "no = stands between " + std::string(key.name) + " and its value"
-                         : std::string(between) + " stands for = behind " + std::string(key.name))
+      Add(Diagnostic("cmx-separator", between.empty() ? "no = stands between " +
+                                                            std::string(key.name) + " and its value"
+                                                      : std::string(key.name) + " is followed by " +
+                                                            std::string(between) + " and not by =")
               .Suggest(right, "the line is written " + right),
           key, setting, value);
       return true;
@@ -219,7 +222,11 @@ class KeyRules {
         add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
       }
     } else if (&Section() == &kRemoteMachinesSection) {
-      if (missing("ValueNoMachine")) {
+      // One behind the blocks is taken into a block; the blocks' own rules speak of it.
+      const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
+        return setting.key == "ValueNoMachine";
+      });
+      if (missing("ValueNoMachine") && !isTaken) {
         add("ValueNoMachine", true, "the run would be distributed over no machine");
       }
     } else if (&Section() == &kSolidCoolSection && missing("Flag3DSolidCoolingChannel")) {

@@ -71,7 +71,10 @@ class MachineRules {
   /// False when there is nothing more to say about the blocks.
   bool CheckCount() {
     const SettingLine* count = reading_.Find("ValueNoMachine");
-    if (count == nullptr) return false;  // its absence is told elsewhere
+    if (count == nullptr) {
+      CheckTakenCount();
+      return false;
+    }
     if (count_ < 1) {
       Add(Diagnostic("machine-count", "ValueNoMachine is " +
                                           (count->value.empty() ? "empty" : count->value) +
@@ -91,6 +94,16 @@ class MachineRules {
           *count);
     }
     return true;
+  }
+
+  /// A block that opens before the count has no end and takes the count's line.
+  void CheckTakenCount() {
+    for (const SettingLine& setting : reading_.settings) {
+      if (setting.key != "ValueNoMachine") continue;
+      Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind a block, which takes it"),
+          setting);
+      return;
+    }
   }
 
   /// A line that a person would write into a block.
@@ -207,7 +220,7 @@ class MachineRules {
     if (entry.hasEquals && host != std::string::npos) {
       diagnostic.Help("one tab, no blank and no other character, stands between host and tasks");
     }
-    Add(diagnostic, entry);
+    found_.push_back(diagnostic.At(LineRange(facts_.File(), *entry.line), entry.line->whole));
   }
 
   void CheckHost(const SettingLine& entry, const std::string& host) {

@@ -8,7 +8,7 @@ Diagnostics CheckCmxFile(const CmxFacts& facts) {
   // A solver that always runs serially has nothing read from the file.
   if (facts.Readings().empty()) return found;
   CheckBytes(facts, found);
-  if (IsUtf16(facts.File().bytes)) return found;
+  if (!HasLines(facts.File().bytes)) return found;
   CheckTags(facts, found);
   CheckKeys(facts, found);
   CheckValues(facts, found);

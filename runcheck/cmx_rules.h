@@ -12,8 +12,8 @@ Diagnostics CheckCmxFile(const CmxFacts& facts);
 
 /// The file as bytes: byte-order mark, UTF-16, zero bytes, Ctrl-Z, line ends, long lines.
 void CheckBytes(const CmxFacts& facts, Diagnostics& found);
-/// True when no other rule can say anything about the file.
-bool IsUtf16(std::string_view bytes);
+/// False when no other rule can say anything about the file.
+bool HasLines(std::string_view bytes);
 
 /// Tags: nearly written ones, sections that are open, opened twice or missing.
 void CheckTags(const CmxFacts& facts, Diagnostics& found);

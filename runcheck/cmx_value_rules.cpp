@@ -34,7 +34,7 @@ class ValueRules {
         CheckMode();
         break;
       case KeyUse::LocalTasks:
-        if (!IsPositiveNumber()) AddNumber(" is no number of tasks such as 1 or 4");
+        if (!IsPositiveNumber()) AddNumber(", no plain number above 0");
         break;
       case KeyUse::Tasks:
         if (ParseInteger(value_.c_str()) < 1 || !IsPlainNumber(value_)) {
@@ -42,10 +42,10 @@ class ValueRules {
         }
         break;
       case KeyUse::Flag:
-        if (value_ != "0" && value_ != "1") AddNumber(" is neither 0 nor 1");
+        if (value_ != "0" && value_ != "1") AddNumber(", neither 0 nor 1");
         break;
       case KeyUse::Integer:
-        if (!IsPlainNumber(value_)) AddNumber(" is no number");
+        if (!IsPlainNumber(value_)) AddNumber(", no number");
         break;
       default:
         break;
@@ -88,9 +88,10 @@ class ValueRules {
   }
 
   void AddNumber(const std::string& what) {
-    Diagnostic diagnostic("cmx-number", Name() + ": " + Shown() + what);
+    Diagnostic diagnostic("cmx-number", Name() + " is " + Shown() + what);
     const std::int32_t number = ParseInteger(value_.c_str());
     const std::string right = std::to_string(number);
+    if (key_.use == KeyUse::Flag) diagnostic.Help("the value is 0 or 1");
     if (number > 0 && right != value_) {
       diagnostic.Suggest(right, "the value is written " + right);
     }
