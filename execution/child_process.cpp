@@ -19,8 +19,8 @@ struct ChildPipes {
 };
 
 /// A failure is reported and the launch goes on with the handles that there are. The messages'
-/// spelling ("createpipe", "CLoseHandle", two names for one handle) is kept on purpose, here and in
-/// CloseChildEnds: support knows these lines as they are.
+/// spelling ("createpipe", "CLoseHandle", two names for one handle) is deliberate and kept, here
+/// and in CloseChildEnds.
 ChildPipes CreateChildPipes() {
   ChildPipes pipes;
   SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
@@ -77,17 +77,36 @@ void CloseChildEnds(const ChildPipes& pipes) {
 
 void EndChild(void* process) { TerminateProcess(process, static_cast<UINT>(kFaultStatus)); }
 
+/// Opens the log of a child that has just been started, hands the console over until the child
+/// ends, and waits for it. A fault in between ends the child. Returns the log.
+HANDLE FollowChild(LauncherContext& context, const LaunchKind& kind, HANDLE process,
+                   const ChildPipes& pipes, const std::string& logPath, std::string& commandLine) {
+  const EndChildOnFault endChildOnFault(EndChild, process);
+  const RunningChild child = {process, CreateLog(logPath)};
+  CloseChildEnds(pipes);
+  if (child.log != INVALID_HANDLE_VALUE) {
+    if (kind.writeLogHeading != nullptr) kind.writeLogHeading(context, child.log);
+    WriteLog(context, child.log, "Commandline=[%s]\r\n", commandLine.c_str());
+  }
+  // Nobody needs it in the hours that follow. (An assignment would keep the buffer.)
+  std::string().swap(commandLine);
+  PumpConsole(context, kind, child, pipes.hChildStdOUTRd);
+  CloseHandle(kind.closesReadEnd ? pipes.hChildStdOUTRd : pipes.hChildStdOUT_Wr);
+  WaitForSingleObject(process, INFINITE);
+  return child.log;
+}
+
 }  // namespace
 
 int Launch(LauncherContext& context, const LaunchKind& kind) {
   const std::string timestamp = LogTimestamp();
-  if (kind.chooseLogFolder != nullptr) kind.chooseLogFolder(context);
+  if (kind.moveRunPath != nullptr) kind.moveRunPath(context);
   const ConsoleLogNames logNames = NameConsoleLog(context, kind.modePrefix, timestamp);
   CleanUpOldLogs(context, logNames.cleanUpPattern);
 
   const ChildPipes pipes = CreateChildPipes();
   STARTUPINFOA startup = RedirectedStartup(pipes);
-  LaunchCommand command = kind.buildCommand(context);
+  LaunchCommand command = kind.prepareCommand(context);
   Print("%s", kind.banner);
   Trace(context, "\n\nCommandline=[%s]\n\n", command.commandLine.c_str());
 
@@ -102,21 +121,9 @@ int Launch(LauncherContext& context, const LaunchKind& kind) {
     return -1;
   }
   childProcessIdentifier = process.dwProcessId;
-  const EndChildOnFault endChildOnFault(EndChild, process.hProcess);
+  const HANDLE log =
+      FollowChild(context, kind, process.hProcess, pipes, logNames.path, command.commandLine);
 
-  const RunningChild child = {process.hProcess, CreateLog(logNames.path)};
-  const bool logIsOpen = child.log != INVALID_HANDLE_VALUE;
-  CloseChildEnds(pipes);
-  if (logIsOpen) {
-    if (kind.writeLogHeading != nullptr) kind.writeLogHeading(context, child.log);
-    WriteLog(context, child.log, "Commandline=[%s]\r\n", command.commandLine.c_str());
-  }
-  // Nobody needs it in the hours that follow. (An assignment would keep the buffer.)
-  std::string().swap(command.commandLine);
-  PumpConsole(context, kind, child, pipes.hChildStdOUTRd);
-  CloseHandle(kind.closesReadEnd ? pipes.hChildStdOUTRd : pipes.hChildStdOUT_Wr);
-
-  WaitForSingleObject(process.hProcess, INFINITE);
   auto exitCode = static_cast<DWORD>(-1);
   GetExitCodeProcess(process.hProcess, &exitCode);
   CloseHandle(process.hProcess);
@@ -124,10 +131,9 @@ int Launch(LauncherContext& context, const LaunchKind& kind) {
 
   const int result = static_cast<int>(exitCode);
   PrintUnflushed("\n>>> Return value of %s = %d\n", command.reportedPath.c_str(), result);
-  if (logIsOpen) {
-    WriteLog(context, child.log, ">>> Return value of %s = %d\r\n", command.reportedPath.c_str(),
-             result);
-    CloseHandle(child.log);
+  if (log != INVALID_HANDLE_VALUE) {
+    WriteLog(context, log, ">>> Return value of %s = %d\r\n", command.reportedPath.c_str(), result);
+    CloseHandle(log);
   }
   return result;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdarg>
 
+#include "execution/write_whole.h"
 #include "support/bounded_text.h"
 
 namespace qvx {
@@ -29,8 +30,7 @@ DWORD CleanUpOldLogs(const LauncherContext& context, const std::string& pattern)
   do {
     if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) continue;
     char path[1024];
-    // The local run folder, whatever folder the pattern names: kept, so that a distributed launch
-    // leaves the logs on the share alone.
+    // The local run folder, whatever folder the pattern names: deliberate, kept as it stands.
     FormatTruncated(path, "%s\\%s", context.localRunPath, entry.cFileName);
     DeleteFileA(path);
   } while (FindNextFileA(enumeration, &entry) != 0);
@@ -47,17 +47,6 @@ int WriteLog(LauncherContext& context, HANDLE log, const char* format, ...) {
       FormatTextV(context.redirectLogScratch, "console log text", format, arguments);
   va_end(arguments);
   return WriteWhole(log, context.redirectLogScratch, static_cast<DWORD>(length));
-}
-
-BOOL WriteWhole(HANDLE file, const char* text, DWORD length) {
-  DWORD written = 0;
-  BOOL success = WriteFile(file, text, length, &written, nullptr);
-  for (DWORD total = written; success != 0 && written > 0 && total < length; total += written) {
-    // A console takes everything at once and may count characters instead of bytes.
-    if (GetFileType(file) == FILE_TYPE_CHAR) break;
-    success = WriteFile(file, text + total, length - total, &written, nullptr);
-  }
-  return success;
 }
 
 }  // namespace qvx

@@ -33,7 +33,4 @@ DWORD CleanUpOldLogs(const LauncherContext& context, const std::string& pattern)
 /// result of the write: nonzero for success. A text of more than 32767 characters is a fault.
 int WriteLog(LauncherContext& context, HANDLE log, const char* format, ...) QVX_PRINTF_LIKE(3, 4);
 
-/// Writes all of `text`, also when the system takes it in pieces. Returns nonzero for success.
-BOOL WriteWhole(HANDLE file, const char* text, DWORD length);
-
 }  // namespace qvx

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "execution/console_log.h"
+#include "execution/write_whole.h"
 
 namespace qvx {
 

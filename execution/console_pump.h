@@ -2,7 +2,7 @@
 // chunk of at most 4096 bytes at a time, until the child ends or its output breaks off.
 #pragma once
 
-#include "execution/child_process.h"
+#include "execution/launch_kind.h"
 
 namespace qvx {
 

@@ -1,5 +1,6 @@
 #include "execution/dmp_launch.h"
 
+#include "execution/child_process.h"
 #include "execution/console_log.h"
 #include "execution/mpi_command_line.h"
 #include "execution/mpi_launch.h"
@@ -14,8 +15,9 @@ void MoveRunPathToShare(LauncherContext& context) {
   Trace(context, "Current run path (remote) = %s\n", context.currentRunPath);
 }
 
-LaunchCommand BuildDmpCommand(LauncherContext& context) {
-  return BuildMpiCommand(context, HostsList(context.remoteMachineSettings), context.remoteHomePath);
+LaunchCommand PrepareDmpCommand(LauncherContext& context) {
+  return PrepareMpiCommand(context, HostsList(context.remoteMachineSettings),
+                           context.remoteHomePath);
 }
 
 void WriteComputeNodes(LauncherContext& context, HANDLE log) {
@@ -29,8 +31,8 @@ void WriteComputeNodes(LauncherContext& context, HANDLE log) {
 constexpr LaunchKind kDmpLaunch = {
     .modePrefix = "console_redirect_dmp_",
     .banner = kParallelBanner,
-    .chooseLogFolder = MoveRunPathToShare,
-    .buildCommand = BuildDmpCommand,
+    .moveRunPath = MoveRunPathToShare,
+    .prepareCommand = PrepareDmpCommand,
     .writeLogHeading = WriteComputeNodes,
     .endsPump = nullptr,
     .closesReadEnd = false,

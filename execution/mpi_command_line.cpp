@@ -18,8 +18,7 @@ std::string MpiCommandLine(const std::string& impiexecPath, const std::string& p
                            const std::string& configuration, const std::string& solverPath,
                            const std::string& solverArguments) {
   // Deliberate, all three: "-env 0 0 ", the launcher's path without quotes, and the double blank
-  // behind a hosts list or before an empty configuration. MPI setups in the field rely on the line
-  // as it stands.
+  // behind a hosts list or before an empty configuration. Kept as it stands.
   return impiexecPath + " -env 0 0 " + processes + " " + configuration + " \"" + solverPath +
          "\" " + solverArguments;
 }

@@ -2,15 +2,13 @@
 
 #include <windows.h>
 
-#include <cstddef>
-#include <cstring>
 #include <iterator>
-#include <type_traits>
 
 #include "launcher/argument_record.h"
 #include "launcher/debug_trace.h"
 #include "support/bounded_text.h"
 #include "support/console.h"
+#include "support/trailing_backslash.h"
 
 namespace qvx {
 
@@ -28,8 +26,7 @@ const char* ReadMpiInstallationPath(LauncherContext& context) {
     }
     RegCloseKey(key);
   }
-  const std::size_t length = std::strlen(path);
-  if (length > 0 && path[length - 1] == '\\') path[length - 1] = '\0';
+  RemoveTrailingBackslash(path);
   return path;
 }
 
@@ -45,7 +42,7 @@ int ConvertMpiAccounts(LauncherContext& context) {
   char folder[kPathWidth] = {};
   wchar_t wideFolder[1024] = {};
   VisitArgumentRecord(context, [&]<typename Record>(const Record& record) {
-    if constexpr (std::is_base_of_v<QVXRunSettings, Record>) {
+    if constexpr (HasRunSettings<Record>) {
       context.mpiUnicodeTool.AnsiToUtf16(record.homeFolder, wideFolder, std::size(wideFolder));
       CopyText(folder, "home folder", record.homeFolder);
     }

@@ -11,22 +11,25 @@
 #include "support/bounded_text.h"
 
 namespace qvx {
-namespace {
 
-/// The current user's, created when it is missing. No result is looked at: without the folder the
-/// MPI tool has nothing to say, and the run goes on.
+MpiExecutables LocateMpiExecutables(LauncherContext& context, const char* solverHome) {
+  MpiExecutables executables;
+  FormatText(executables.impiexecPath, "impiexec.exe path", "%s\\impiexec.exe",
+             ReadMpiInstallationPath(context));
+  FormatText(executables.solverPath, "solver path", "%s\\Bin\\%s", solverHome,
+             context.solverExecutableName);
+  return executables;
+}
+
 std::wstring MpiConfigurationFolder() {
   wchar_t applicationData[kPathWidth] = {};
   SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_DEFAULT, applicationData);
   std::wstring folder = std::wstring(applicationData) + L"\\NelvornSystem\\Quorvex R13.0";
   folder.resize(std::min(folder.size(), kPathWidth - 1));
-  SHCreateDirectory(nullptr, folder.c_str());
   return folder;
 }
 
-/// Options of the MPI tool's for the process launcher, UTF-8; empty when there are none.
-std::string MpiConfiguration(LauncherContext& context) {
-  const std::wstring folder = MpiConfigurationFolder();
+std::string MpiConfiguration(LauncherContext& context, const std::wstring& folder) {
   const wchar_t* text = context.mpiTool.GetIntelMPIConfigurationStringForMpiexec(folder.c_str());
   const std::wstring wide = text == nullptr ? L"" : text;
   char* utf8 = nullptr;
@@ -35,19 +38,17 @@ std::string MpiConfiguration(LauncherContext& context) {
   return utf8 == nullptr ? "" : utf8;
 }
 
-}  // namespace
-
-LaunchCommand BuildMpiCommand(LauncherContext& context, const std::string& processes,
-                              const char* solverHome) {
-  char impiexecPath[kPathWidth];
-  FormatText(impiexecPath, "impiexec.exe path", "%s\\impiexec.exe",
-             ReadMpiInstallationPath(context));
-  char solverPath[kPathWidth];
-  FormatText(solverPath, "solver path", "%s\\Bin\\%s", solverHome, context.solverExecutableName);
-  LaunchCommand command = {MpiCommandLine(impiexecPath, processes, MpiConfiguration(context),
-                                          solverPath, context.solverArgumentString),
-                           impiexecPath};
-  // The child inherits it. Never reset: nothing else in this process reads it.
+LaunchCommand PrepareMpiCommand(LauncherContext& context, const std::string& processes,
+                                const char* solverHome) {
+  const MpiExecutables executables = LocateMpiExecutables(context, solverHome);
+  const std::wstring folder = MpiConfigurationFolder();
+  // No result is looked at: an existing folder is fine, and the run goes on without one.
+  SHCreateDirectory(nullptr, folder.c_str());
+  const std::string configuration = MpiConfiguration(context, folder);
+  LaunchCommand command = {MpiCommandLine(executables.impiexecPath, processes, configuration,
+                                          executables.solverPath, context.solverArgumentString),
+                           executables.impiexecPath};
+  // The child inherits it. Never reset.
   SetEnvironmentVariableA("I_MPI_SMPD_VERSION_CHECK", "0");
   return command;
 }

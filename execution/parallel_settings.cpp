@@ -28,7 +28,8 @@ void PrepareSerial(QVXRunSettings& record) {
 void PrepareSmp(const LauncherContext& context, QVXRunSettings& record) {
   record.parallelMode = 1;
   record.processCount = ParseInteger(context.taskManagerSettings.ValueNoTask);
-  std::ranges::fill(GiveWeights(record), 1.0 / record.processCount);
+  if (record.processCount < 1) return;
+  std::ranges::fill(AllocateWeights(record, record.processCount), 1.0 / record.processCount);
 }
 
 std::int32_t SumTaskCounts(const std::vector<MachineEntry>& machines) {
@@ -52,7 +53,7 @@ void SpreadWeightings(const std::vector<MachineEntry>& machines, std::span<doubl
 
 /// Moves the record's folders to the storage node's shares: cuts the local parallel working folder
 /// off the project directory and puts the share in its place. What is left stays lower case,
-/// deliberately: Windows shares do not tell the cases apart.
+/// deliberately.
 template <typename Record>
 void MoveFoldersToShare(LauncherContext& context, Record& record) {
   const RemoteMachineSettings& remote = context.remoteMachineSettings;
@@ -85,7 +86,7 @@ void PrepareDmp(LauncherContext& context, Record& record) {
   MoveFoldersToShare(context, record);
   record.parallelMode = 2;
   record.processCount = SumTaskCounts(machines);
-  SpreadWeightings(machines, GiveWeights(record));
+  SpreadWeightings(machines, AllocateWeights(record, record.processCount));
 }
 
 void CopyPreviousShot(const MultiShotSettings& settings, QVXPreviousShot& record) {
@@ -99,16 +100,16 @@ void CopyPreviousShot(const MultiShotSettings& settings, QVXPreviousShot& record
 
 int PrepareParallelSettings(LauncherContext& context) {
   VisitArgumentRecord(context, [&]<typename Record>(Record& record) {
-    if constexpr (std::is_base_of_v<QVXRunSettings, Record>) {
+    if constexpr (HasRunSettings<Record>) {
       switch (context.computeMode) {
-        case ComputeMode::Serial:
-          PrepareSerial(record);
-          break;
         case ComputeMode::Smp:
           PrepareSmp(context, record);
           break;
         case ComputeMode::Dmp:
           PrepareDmp(context, record);
+          break;
+        default:  // Serial
+          PrepareSerial(record);
           break;
       }
     }

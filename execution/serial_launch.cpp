@@ -21,8 +21,8 @@ LaunchCommand BuildSerialCommand(LauncherContext& context) {
 constexpr LaunchKind kSerialLaunch = {
     .modePrefix = "console_redirect_serial_",
     .banner = "Launch serial computing\n",
-    .chooseLogFolder = nullptr,
-    .buildCommand = BuildSerialCommand,
+    .moveRunPath = nullptr,
+    .prepareCommand = BuildSerialCommand,
     .writeLogHeading = nullptr,
     .endsPump = nullptr,
     .closesReadEnd = false,

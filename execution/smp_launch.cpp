@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "execution/child_process.h"
 #include "execution/console_log.h"
 #include "execution/mpi_command_line.h"
 #include "execution/mpi_launch.h"
@@ -18,8 +19,9 @@ constexpr const char* kStartProcessManagerAdvice =
     "Run the following command-line as Administrator to start smpd:\n"
     "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install\n";
 
-LaunchCommand BuildSmpCommand(LauncherContext& context) {
-  return BuildMpiCommand(context, LocalProcesses(context.taskManagerSettings), context.homeFolder);
+LaunchCommand PrepareSmpCommand(LauncherContext& context) {
+  return PrepareMpiCommand(context, LocalProcesses(context.taskManagerSettings),
+                           context.homeFolder);
 }
 
 /// Looks at each chunk alone; a sign that two reads cut apart is not recognised, kept as it stands.
@@ -28,7 +30,7 @@ bool EndWithoutProcessManager(LauncherContext& context, const RunningChild& chil
   if (std::string_view(chunk).find(kNoProcessManagerSign) == std::string_view::npos) return false;
   Print("%s", kStartProcessManagerAdvice);
   TerminateProcess(child.process, static_cast<UINT>(kNoProcessManagerStatus));
-  // The log's line ends stay "\n" here, deliberately: the advice goes in as it was printed.
+  // The log's line ends stay "\n" here, deliberately.
   if (child.log != INVALID_HANDLE_VALUE) {
     WriteLog(context, child.log, "%s", kStartProcessManagerAdvice);
   }
@@ -38,8 +40,8 @@ bool EndWithoutProcessManager(LauncherContext& context, const RunningChild& chil
 constexpr LaunchKind kSmpLaunch = {
     .modePrefix = "console_redirect_smp_",
     .banner = kParallelBanner,
-    .chooseLogFolder = nullptr,
-    .buildCommand = BuildSmpCommand,
+    .moveRunPath = nullptr,
+    .prepareCommand = PrepareSmpCommand,
     .writeLogHeading = nullptr,
     .endsPump = EndWithoutProcessManager,
     .closesReadEnd = true,

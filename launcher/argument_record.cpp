@@ -1,17 +1,17 @@
 #include "launcher/argument_record.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "support/fault.h"
 
 namespace qvx {
 
-std::span<double> GiveWeights(QVXRunSettings& record) {
-  if (record.processCount < 1) return {};
-  const auto count = static_cast<std::size_t>(record.processCount);
+std::span<double> AllocateWeights(QVXRunSettings& record, std::int32_t count) {
+  const auto size = static_cast<std::size_t>(std::max(count, 0));
   record.weights =
-      AllocateCounted("process weights", count, [](std::size_t n) { return new double[n](); });
-  return {record.weights, count};
+      AllocateCounted("process weights", size, [](std::size_t n) { return new double[n](); });
+  return {record.weights, size};
 }
 
 }  // namespace qvx

@@ -1,16 +1,22 @@
 // The argument record of the run's solver family: picking it, and giving it weights.
 #pragma once
 
+#include <concepts>
+#include <cstdint>
 #include <span>
 
 #include "launcher/launcher_context.h"
 
 namespace qvx {
 
-/// `processCount` weights of 0, or none for a count below 1, when the record keeps what it has. The
-/// record owns them: the launcher never releases any, also none that the record had before. A count
-/// that cannot be allocated is a fault.
-std::span<double> GiveWeights(QVXRunSettings& record);
+/// The records of the families that can run in parallel.
+template <typename Record>
+concept HasRunSettings = std::derived_from<Record, QVXRunSettings>;
+
+/// Gives the record a new array of `count` weights of 0; of none for a count below 1. The record
+/// owns it: the launcher never releases any, also none that the record had before. A count that
+/// cannot be allocated is a fault.
+std::span<double> AllocateWeights(QVXRunSettings& record, std::int32_t count);
 
 /// Calls `visit` with the record of the context's solver class; not at all for a number that names
 /// no family.

@@ -12,11 +12,23 @@
 #include "support/bounded_text.h"
 #include "support/console.h"
 #include "support/numbers.h"
+#include "support/trailing_backslash.h"
 
 namespace qvx {
 namespace {
 
 constexpr const char* kTokenSeparator = "*";
+
+/// The tokens, by their number in the list.
+enum Token : int {
+  kHomeFolder,
+  kProjectDirectory,
+  kProjectName,
+  kOptionValue,
+  kRunNumber,
+  kFirstExtraText,
+  kLastExtraText = kFirstExtraText + 2,
+};
 
 /// A lower-cased name that contains `text` belongs to a family; `whenIn3d` when it also contains
 /// "3d" anywhere, `otherwise` when not.
@@ -44,12 +56,9 @@ constexpr ClassRule kClassRules[] = {
 template <typename Record>
 constexpr bool kIsShell = std::is_base_of_v<QVXShellSettings, Record>;
 
-/// The flow record has an option value too, but its solvers take none from the command line.
 template <typename Record>
-constexpr bool kTakesOption = requires(Record record) {
-  record.optionValue;
-}
-&&!std::is_same_v<Record, CQVXFlowFlowEPackArgument>;
+constexpr bool kTakesOption = kIsShell<Record> || std::is_same_v<Record, CQVXCoolArgument> ||
+                              std::is_same_v<Record, CQVXWarpArgument>;
 
 bool Contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
@@ -91,34 +100,31 @@ void ClassifySolver(LauncherContext& context) {
 template <typename Record>
 void StoreToken(Record& record, int number, const char* token) {
   switch (number) {
-    case 0: {
+    case kHomeFolder:
       CopyText(record.homeFolder, "home folder", token);
-      const std::size_t last = std::strlen(token) - 1;  // no token is empty
-      if (token[last] == '\\') record.homeFolder[last] = '\0';
+      RemoveTrailingBackslash(record.homeFolder);
       break;
-    }
-    case 1:
+    case kProjectDirectory:
       CopyText(record.projectDirectory, "project directory", token);
       break;
-    case 2:
+    case kProjectName:
       CopyText(record.projectName, "project name", token);
       break;
-    case 3:
+    case kOptionValue:
       if constexpr (kTakesOption<Record>) record.optionValue = ParseInteger(token);
       break;
-    case 4:
+    case kRunNumber:
       if constexpr (kIsShell<Record>) {
         FormatText(record.runNumber, "run number", "%02d", ParseInteger(token));
       } else {
         CopyText(record.runNumber, "run number", token);
       }
       break;
-    case 5:
-    case 6:
-    case 7:
-      if constexpr (kIsShell<Record>) CopyText(record.extraTexts[number - 5], "extra text", token);
-      break;
     default:
+      if constexpr (kIsShell<Record>) {
+        if (number > kLastExtraText) break;
+        CopyText(record.extraTexts[number - kFirstExtraText], "extra text", token);
+      }
       break;
   }
 }
@@ -148,7 +154,7 @@ int InterpretCommandLine(LauncherContext& context, int argumentCount, char** arg
   Trace(context, "Parse argv[1]=[%s]\n", arguments[1]);
   VisitArgumentRecord(context, [&]<typename Record>(Record& record) {
     record.Reset();
-    if constexpr (requires { record.moldingType; }) record.moldingType = moldingType;
+    if constexpr (HasRunSettings<Record>) record.moldingType = moldingType;
     int number = 0;
     for (const char* token = FirstToken<Record>(arguments); token != nullptr;
          token = std::strtok(nullptr, kTokenSeparator)) {

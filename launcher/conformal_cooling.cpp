@@ -18,7 +18,7 @@ int ApplyConformalCoolingSetting(LauncherContext& context) {
   if (coolingChannel != 1) return 0;
   context.conformalCoolingFlag = 1;
   Trace(context, "Flag3DSolidCoolingChannel=%d\n", coolingChannel);
-  // "false" cannot come here; kept so that the line always says what the flag holds.
+  // "false" cannot come here; deliberate, kept.
   Trace(context, "m_bIsConformalCooling=%s\n",
         context.conformalCoolingFlag != 0 ? "true" : "false");
   return 0;
@@ -43,8 +43,8 @@ int CopyCoolArgumentToFlowArgument(LauncherContext& context) {
   flow.moldingType = cool.moldingType;
   flow.optionValue = cool.optionValue == 3 ? 2 : 1;
   flow.processCount = cool.processCount;
-  if (cool.weights != nullptr) {
-    const std::span<double> weights = GiveWeights(flow);
+  if (cool.processCount > 0 && cool.weights != nullptr) {
+    const std::span<double> weights = AllocateWeights(flow, cool.processCount);
     std::copy_n(cool.weights, weights.size(), weights.begin());
   }
   if (cool.parallelMode >= 0 && cool.parallelMode <= 2) flow.parallelMode = cool.parallelMode;

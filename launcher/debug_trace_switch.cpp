@@ -11,7 +11,7 @@ namespace qvx {
 int SwitchDebugTrace(LauncherContext& context) {
   context.debugTraceFlag = 0;
   context.applicationDataFolder[0] = '\0';
-  static_assert(kPathWidth >= MAX_PATH);
+  static_assert(kPathWidth == MAX_PATH);
   if (SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_DEFAULT,
                        context.applicationDataFolder) != S_OK) {
     return 0;

@@ -36,8 +36,7 @@ int RunConformalCooling(LauncherContext& context) {
   return RunDriver(context);
 }
 
-/// Five seconds after every run, failed or not: deliberate, it leaves the user time to read the
-/// console before its window closes.
+/// Five seconds after every run, failed or not: deliberate, kept.
 void CountDown() {
   constexpr DWORD kMillisecondsAStep = 1000;
   for (int n = 4; n >= 0; --n) {

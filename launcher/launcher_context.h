@@ -16,6 +16,7 @@
 
 namespace qvx {
 
+/// The longest path that the system's ANSI functions take, terminating zero included.
 constexpr std::size_t kPathWidth = 260;
 
 enum class ComputeMode : std::uint32_t {

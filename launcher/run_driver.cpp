@@ -19,8 +19,7 @@ int LaunchInComputeMode(LauncherContext& context) {
       return LaunchSmp(context);
     case ComputeMode::Dmp:
       return LaunchDmp(context);
-    case ComputeMode::Serial:
-    default:
+    default:  // Serial
       return LaunchSerial(context);
   }
 }
@@ -34,7 +33,7 @@ int RunDriver(LauncherContext& context) {
   PrepareParallelSettings(context);
   BuildSolverArgumentString(context);
   if (cancelFlag != 0) {
-    // "break" whatever the event was: kept, the front end's users know the line.
+    // "break" whatever the event was: deliberate, kept.
     Print("Ctrl-break is captured. Computing is canceled.\n");
     return 0;
   }

@@ -30,7 +30,7 @@ void SplitKeyValue(const char* line, char separator, char (&key)[kCmxTextWidth],
   const char* found = std::strchr(line, separator);
   if (found == nullptr) {
     CopyText(key, "CMX key", line);
-    // Not empty, deliberately: it tells a key without a value from an empty value.
+    // This word, deliberately, and not an empty text.
     CopyText(value, "CMX value", "NULL");
     return;
   }
@@ -61,8 +61,6 @@ bool ReadCmxSection(const char* path, const std::string& name,
   char line[1024] = {};
   do {
     std::fgets(line, sizeof line, file.get());
-    // Outside the section only its tag matters; most lines of a file are spared the rest.
-    if (!inSection && line[0] != '<') continue;
     line[std::strcspn(line, "\n")] = '\0';
     if (line == openingTag) inSection = true;
     if (!inSection) continue;

@@ -11,6 +11,8 @@
 
 namespace qvx {
 
+/// The width of a key and of a value, terminating zero included. What a file can hold, whatever the
+/// fields that the values go to.
 constexpr std::size_t kCmxTextWidth = 260;
 
 /// A line of a section, split at its first "=": spaces removed from the key, leading spaces from

@@ -29,6 +29,12 @@ struct LineBlock {
   }
 };
 
+void MakeMachineList(RemoteMachineSettings& record) {
+  const int count = std::max(ParseInteger(record.ValueNoMachine), 0);
+  record.machines = AllocateCounted("ValueNoMachine", static_cast<std::size_t>(count),
+                                    [](std::size_t n) { return std::vector<MachineEntry>(n); });
+}
+
 void StoreMachine(MachineEntry& machine, const char* value) {
   char hostName[kCmxTextWidth];
   char taskCount[kCmxTextWidth];
@@ -68,10 +74,7 @@ int ReadRemoteMachineSettings(const char* path, RemoteMachineSettings& record) {
       MachineEntry* machine = weightingBlock.Advance(record);
       if (machine != nullptr) StoreWeighting(*machine, setting.value);
     } else if (StoreTextField(fields, setting)) {
-      if (key != "ValueNoMachine") return;
-      const int count = std::max(ParseInteger(record.ValueNoMachine), 0);
-      record.machines = AllocateCounted("ValueNoMachine", static_cast<std::size_t>(count),
-                                        [](std::size_t n) { return std::vector<MachineEntry>(n); });
+      if (key == "ValueNoMachine") MakeMachineList(record);
     } else if (key == "ValueMachineSetting") {
       machineBlock.open = true;
     } else if (key == "ValueMachineWeighting") {
@@ -79,7 +82,7 @@ int ReadRemoteMachineSettings(const char* path, RemoteMachineSettings& record) {
     }
   });
   if (read && record.ValueStorageNode[0] == '\0') {
-    // Deliberate: a run that names no storage node shares its folders from this machine.
+    // Deliberate: the storage node defaults to the local host.
     CopyText(record.ValueStorageNode, "ValueStorageNode", record.ValueLocalHost);
   }
   return 0;

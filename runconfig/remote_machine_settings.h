@@ -2,11 +2,15 @@
 // weights, and where the shared storage and working folders lie.
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "platform/qvx_unicode_tool.h"
 
 namespace qvx {
+
+/// Takes every value that the section reader hands over.
+constexpr std::size_t kFolderNameWidth = 260;
 
 struct MachineEntry {
   char hostName[32] = {};
@@ -21,8 +25,8 @@ struct RemoteMachineSettings {
   char ValueNoMachine[32] = {};
   char ValueRemoteNoTask[32] = {};
   char ValueMap[32] = {};
-  char ValueShareFolderName[260] = {};
-  char ValueParallelWorkingFolder[260] = {};
+  char ValueShareFolderName[kFolderNameWidth] = {};
+  char ValueParallelWorkingFolder[kFolderNameWidth] = {};
   char ValueLocalHost[32] = {};
   char ValueStorageNode[32] = {};      ///< defaults to `ValueLocalHost`
   std::vector<MachineEntry> machines;  ///< `ValueNoMachine` as an integer, none below 1; file order

@@ -9,12 +9,12 @@ namespace qvx {
 
 int ReadSolidCoolSettings(const char* path, std::int32_t& flag) {
   flag = 0;
-  ReadCmxSection(path, "SOLID_COOL", [&](CmxSetting setting) {
+  ReadCmxSection(path, "SOLID_COOL", [&](const CmxSetting& setting) {
+    if (std::string_view(setting.key) != "Flag3DSolidCoolingChannel") return;
     // Unlike the other sections, this one takes every space out of the value too.
-    RemoveAllSpaces(setting.value);
-    if (std::string_view(setting.key) == "Flag3DSolidCoolingChannel") {
-      flag = ParseInteger(setting.value);
-    }
+    CmxSetting withoutSpaces = setting;
+    RemoveAllSpaces(withoutSpaces.value);
+    flag = ParseInteger(withoutSpaces.value);
   });
   return 0;
 }

@@ -22,8 +22,8 @@ int ReadTaskManagerSettings(const char* path, TaskManagerSettings& record) {
 }
 
 void DumpTaskManagerSettings(const TaskManagerSettings& record) {
-  // FlagAccelerationType is written with a capital F here and with a small one in the file. Both
-  // are what their readers expect.
+  // FlagAccelerationType is written with a capital F here and with a small one in the file:
+  // deliberate, kept.
   Print(
       "Version                    = %s\n"
       "IDTaskMode                 = %s\n"

@@ -45,12 +45,16 @@ void FaultUnexpectedException() {
 
 void InstallOutOfMemoryFault() { std::set_new_handler(FaultOutOfMemory); }
 
-EndChildOnFault::EndChildOnFault(void (*end)(void* child), void* child) {
+EndChildOnFault::EndChildOnFault(void (*end)(void* child), void* child)
+    : outerEnd_(endChild), outerChild_(childToEnd) {
   endChild = end;
   childToEnd = child;
 }
 
-EndChildOnFault::~EndChildOnFault() { endChild = nullptr; }
+EndChildOnFault::~EndChildOnFault() {
+  endChild = outerEnd_;
+  childToEnd = outerChild_;
+}
 
 OutOfMemoryThrows::OutOfMemoryThrows() : handler_(std::set_new_handler(nullptr)) {}
 

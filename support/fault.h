@@ -28,13 +28,17 @@ constexpr int kFaultStatus = -2;
 /// that leaves an operation half done.
 void InstallOutOfMemoryFault();
 
-/// While one lives, a fault calls `end(child)` before it ends the process. One at a time.
+/// While one lives, a fault calls `end(child)` before it ends the process; the innermost one's.
 class EndChildOnFault {
  public:
   EndChildOnFault(void (*end)(void* child), void* child);
   ~EndChildOnFault();
   EndChildOnFault(const EndChildOnFault&) = delete;
   EndChildOnFault& operator=(const EndChildOnFault&) = delete;
+
+ private:
+  void (*outerEnd_)(void* child);
+  void* outerChild_;
 };
 
 /// Lets failed allocations throw while it lives: for a count that a file gave, whose fault names

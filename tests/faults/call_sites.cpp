@@ -120,11 +120,11 @@ const std::vector<Failure> kFailures = {
      kSerial, kSerialLog + "[console_redirect_serial_Flow_old2.txt]old", kReadEnd},
     {{"execution/console_log.cpp", "FindClose", 1}, Scene::Serial, 1, kInvalid, 3,
      kSerial, kSerialLog, kReadEnd},
-    {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 1, ERROR_DISK_FULL, 3,
+    {{"execution/write_whole.cpp", "WriteFile", 1}, Scene::Serial, 1, ERROR_DISK_FULL, 3,
      kSerial, kLogName + "x\r\n" + ReturnValue(kSolver, 3), kReadEnd},
-    {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 2, ERROR_NO_DATA, 3,
+    {{"execution/write_whole.cpp", "WriteFile", 1}, Scene::Serial, 2, ERROR_NO_DATA, 3,
      Serial(""), kSerialLog, kReadEnd},
-    {{"execution/console_log.cpp", "WriteFile", 1}, Scene::Serial, 3, ERROR_DISK_FULL, 3,
+    {{"execution/write_whole.cpp", "WriteFile", 1}, Scene::Serial, 3, ERROR_DISK_FULL, 3,
      kSerial, SerialLog(""), kReadEnd},
     {{"execution/console_pump.cpp", "GetStdHandle", 1}, Scene::Serial, 1, kInvalid, 3,
      Serial(""), kSerialLog, kReadEnd},
@@ -179,9 +179,10 @@ const std::vector<PlaceWithoutRow> kPlacesWithoutRow = {
     {{"execution/console_log.cpp", "GetLocalTime", 1}, "returns nothing"},
     {{"execution/console_log.cpp", "GetLastError", 1},
      "OldLogs.* in console_log_test.cpp expects its value"},
-    {{"execution/console_log.cpp", "WriteFile", 2}, "Writes.*"},
-    {{"execution/console_log.cpp", "GetFileType", 1}, "Writes.*"},
+    {{"execution/write_whole.cpp", "WriteFile", 2}, "Writes.*"},
+    {{"execution/write_whole.cpp", "GetFileType", 1}, "Writes.*"},
     {{"launcher/entry_sequence.cpp", "Sleep", 1}, "returns nothing"},
+    {{"support/lead_byte_windows.cpp", "IsDBCSLeadByte", 1}, "cannot fail"},
 };
 
 }  // namespace qvx::test

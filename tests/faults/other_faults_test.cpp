@@ -12,6 +12,7 @@
 #include "execution/console_log.h"
 #include "execution/mpi_launch.h"
 #include "execution/serial_launch.h"
+#include "execution/write_whole.h"
 #include "launcher/entry_sequence.h"
 #include "launcher/lower_case_name.h"
 #include "tests/faults/failing_allocation.h"
@@ -228,7 +229,7 @@ TEST(MpiLaunch, DoesWithoutAConfigurationThatIsNotThereOrCannotBeConverted) {
       {&__imp__ZN15CQVXUnicodeTool11Utf16ToUtf8EPKwRPc, reinterpret_cast<void*>(ConvertNothing)}};
   for (const auto& [slot, function] : failures) {
     const test::ImportPatch patch(slot, function);
-    EXPECT_EQ(BuildMpiCommand(context, "-n 4", "C:\\Q").commandLine,
+    EXPECT_EQ(PrepareMpiCommand(context, "-n 4", "C:\\Q").commandLine,
               "C:\\MPI\\impiexec.exe -env 0 0 -n 4  \"C:\\Q\\Bin\\\" ");
   }
 }

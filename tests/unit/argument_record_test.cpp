@@ -11,28 +11,27 @@
 namespace qvx {
 namespace {
 
-TEST(GiveWeights, GivesOneOfZeroForEachProcess) {
+TEST(AllocateWeights, GivesTheRecordSoManyOfZero) {
   LauncherContext context;
-  context.warpArgument.processCount = 3;
-  const std::span<double> weights = GiveWeights(context.warpArgument);
+  const std::span<double> weights = AllocateWeights(context.warpArgument, 3);
   EXPECT_EQ(weights.data(), context.warpArgument.weights);
   EXPECT_TRUE(std::ranges::equal(weights, std::vector<double>(3)));
 }
 
-TEST(GiveWeights, LeavesTheRecordOfNoProcessAlone) {
+TEST(AllocateWeights, GivesAnArrayWithoutEntriesForNoProcess) {
   LauncherContext context;
-  context.coolArgument.weights = new double[1]{0.5};
   for (const int count : {0, -1}) {
-    context.coolArgument.processCount = count;
-    EXPECT_TRUE(GiveWeights(context.coolArgument).empty());
-    EXPECT_EQ(*context.coolArgument.weights, 0.5);
+    context.coolArgument.weights = nullptr;
+    EXPECT_TRUE(AllocateWeights(context.coolArgument, count).empty());
+    EXPECT_NE(context.coolArgument.weights, nullptr);
+    delete[] context.coolArgument.weights;
   }
+  context.coolArgument.weights = nullptr;
 }
 
-TEST(GiveWeightsDeathTest, RefusesACountThatMemoryCannotHold) {
+TEST(AllocateWeightsDeathTest, RefusesACountThatMemoryCannotHold) {
   LauncherContext context;
-  context.flowArgument.processCount = 2'000'000'000;
-  EXPECT_FAULT(GiveWeights(context.flowArgument),
+  EXPECT_FAULT(AllocateWeights(context.flowArgument, 2'000'000'000),
                "ERROR: process weights cannot be allocated: count 2000000000");
 }
 

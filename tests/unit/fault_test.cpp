@@ -50,6 +50,16 @@ TEST(FaultDeathTest, LeavesAChildAloneWhoseGuardIsGone) {
   EXPECT_FAULT(fault(), "ERROR: log is too long: width 8, length 9");
 }
 
+TEST(FaultDeathTest, EndsTheOuterChildOnceTheInnerGuardIsGone) {
+  const auto fault = [] {
+    char outer[] = "outer";
+    const EndChildOnFault outerGuard(ReportEnd, outer);
+    { const EndChildOnFault innerGuard(ReportEnd, solver); }
+    FaultTextTooLong("log", 8, 9);
+  };
+  EXPECT_FAULT(fault(), "ERROR: log is too long: width 8, length 9\nended outer");
+}
+
 TEST(FaultDeathTest, AFailedAllocationIsAFaultOnceInstalled) {
   const auto allocate = [] {
     InstallOutOfMemoryFault();

@@ -64,8 +64,8 @@ TEST_F(ChildProcess, IsAwaitedWhenThePumpEndsBeforeIt) {
   const LaunchKind kind = {
       .modePrefix = "console_redirect_serial_",
       .banner = "",
-      .chooseLogFolder = nullptr,
-      .buildCommand = [](LauncherContext& run) -> LaunchCommand {
+      .moveRunPath = nullptr,
+      .prepareCommand = [](LauncherContext& run) -> LaunchCommand {
         return {std::string(run.homeFolder) + "\\Bin\\Qvx3DFlow.exe", "the solver"};
       },
       .writeLogHeading = nullptr,
