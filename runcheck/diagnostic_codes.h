@@ -106,7 +106,7 @@ inline constexpr CodeRow kCodes[] = {
      "it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration"},
     {"account-file", kError, kError, "acc.ini is missing or empty",
      "the launcher would stop with -1", "it holds the MPI accounts and lies in the home folder"},
-    {"mpi-path", kWarning, kError, "the registry does not tell where impiexec.exe is",
+    {"mpi-path", kError, kError, "the registry does not tell where impiexec.exe is",
      "the launcher would stop with -1",
      "IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, the folder of "
      "impiexec.exe"},
@@ -183,7 +183,7 @@ inline constexpr CodeRow kCodes[] = {
      "ValueLocalNoTask holds the number of tasks too"},
     {"processors", kNote, kNote, "there are more tasks than this machine has processors",
      "the processes would share the processors", "a task for each processor is the most"},
-    {"previous-shot", kWarning, kWarning, "the previous shot's project cannot be found",
+    {"previous-shot", kNote, kNote, "the previous shot's project cannot be found",
      "the launcher would hand it to the solver as it stands",
      "ValueShotProjectPath is the folder of the previous shot's project"},
 

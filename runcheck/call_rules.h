@@ -1,0 +1,12 @@
+// The rules over the arguments of a launcher's call, without a look at the disk.
+#pragma once
+
+#include "runcheck/call_facts.h"
+#include "runcheck/diagnostic.h"
+
+namespace qvx::runcheck {
+
+/// `found` gets what is wrong with the call.
+void CheckCall(const CallFacts& facts, Diagnostics& found);
+
+}  // namespace qvx::runcheck
