@@ -4,6 +4,19 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
+
+#if defined(__MINGW32__)
+// The linker leaves the image's directory of late imports empty; these are its entries.
+extern "C" {
+// NOLINTBEGIN(bugprone-reserved-identifier): dlltool's names
+extern const IMAGE_DELAYLOAD_DESCRIPTOR
+    __DELAY_IMPORT_DESCRIPTOR_libQVXSolverArgumentTool_delayed_a;
+extern const IMAGE_DELAYLOAD_DESCRIPTOR __DELAY_IMPORT_DESCRIPTOR_libQVXMPITool_delayed_a;
+extern const IMAGE_DELAYLOAD_DESCRIPTOR __DELAY_IMPORT_DESCRIPTOR_libQVXUnicodeTool_delayed_a;
+// NOLINTEND(bugprone-reserved-identifier)
+}
+#endif
 
 namespace qvx::runcheck {
 namespace {
@@ -15,11 +28,25 @@ const Type* At(std::uintptr_t offset) {
                                        offset);
 }
 
-const IMAGE_DATA_DIRECTORY& DelayDirectory() {
+#if defined(__MINGW32__)
+std::vector<const IMAGE_DELAYLOAD_DESCRIPTOR*> LateLibraries() {
+  return {&__DELAY_IMPORT_DESCRIPTOR_libQVXSolverArgumentTool_delayed_a,
+          &__DELAY_IMPORT_DESCRIPTOR_libQVXMPITool_delayed_a,
+          &__DELAY_IMPORT_DESCRIPTOR_libQVXUnicodeTool_delayed_a};
+}
+#else
+std::vector<const IMAGE_DELAYLOAD_DESCRIPTOR*> LateLibraries() {
   const auto* dos = At<IMAGE_DOS_HEADER>(0);
   const auto* headers = At<IMAGE_NT_HEADERS>(static_cast<std::uintptr_t>(dos->e_lfanew));
-  return headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_DELAY_IMPORT];
+  const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_DELAY_IMPORT];
+  std::vector<const IMAGE_DELAYLOAD_DESCRIPTOR*> libraries;
+  for (const auto* library = At<IMAGE_DELAYLOAD_DESCRIPTOR>(directory.VirtualAddress);
+       library->DllNameRVA != 0; ++library) {
+    libraries.push_back(library);
+  }
+  return libraries;
 }
+#endif
 
 std::string Missing(const std::string& library, DWORD error) {
   switch (error) {
@@ -57,8 +84,7 @@ bool CheckLibrary(const IMAGE_DELAYLOAD_DESCRIPTOR& descriptor, Diagnostics& fou
 
 bool CheckLibraries(Diagnostics& found) {
   bool isComplete = true;
-  for (const auto* library = At<IMAGE_DELAYLOAD_DESCRIPTOR>(DelayDirectory().VirtualAddress);
-       library->DllNameRVA != 0; ++library) {
+  for (const IMAGE_DELAYLOAD_DESCRIPTOR* library : LateLibraries()) {
     isComplete = CheckLibrary(*library, found) && isComplete;
   }
   return isComplete;
