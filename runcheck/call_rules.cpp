@@ -37,12 +37,13 @@ void CheckArgumentCount(const CallFacts& facts, Diagnostics& found) {
   }
 }
 
-void CheckQuotationMarks(const CallFacts& facts, Diagnostics& found) {
+bool CheckQuotationMarks(const CallFacts& facts, Diagnostics& found) {
   for (const std::string& argument : facts.arguments) {
     if (argument.find('"') == std::string::npos) continue;
     found.push_back(Diagnostic("call-quotation-mark", argument + " holds a quotation mark"));
-    return;
+    return true;
   }
+  return false;
 }
 
 void CheckMoldingType(const CallFacts& facts, Diagnostics& found) {
@@ -54,7 +55,9 @@ void CheckMoldingType(const CallFacts& facts, Diagnostics& found) {
                         .Because("the launcher would take -1 as the molding type"));
     return;
   }
-  const std::string text = first.substr(marker + 1);
+  // A shell solver's tokens may stand behind it by mistake; that has its own rule.
+  const std::string behind = first.substr(marker + 1);
+  const std::string text = behind.substr(0, behind.find('*'));
   if (text.find('$') != std::string::npos) {
     found.push_back(Diagnostic("molding-type", first + " holds more than one $")
                         .Because("the launcher would read the molding type behind the first one"));
@@ -138,7 +141,8 @@ bool CheckTokenCount(const CallFacts& facts, Diagnostics& found) {
   return true;
 }
 
-void CheckTokenOrder(const CallFacts& facts, Diagnostics& found) {
+/// True when every token can be what its place says.
+bool CheckTokenOrder(const CallFacts& facts, Diagnostics& found) {
   const std::string wrong =
       LooksLikePath(facts.Token(kName))     ? "the project name is " + facts.Token(kName)
       : LooksLikePath(facts.Token(kOption)) ? "the option is " + facts.Token(kOption)
@@ -146,19 +150,24 @@ void CheckTokenOrder(const CallFacts& facts, Diagnostics& found) {
                                             : "";
   if (!wrong.empty()) {
     found.push_back(Diagnostic("call-token-order", wrong + ", a path"));
-    return;
+    return false;
   }
   // A number where the name belongs and a name behind it.
-  if (IsInteger(facts.Token(kName)) && !IsInteger(facts.Token(kOption))) {
+  const bool nameIsLate = IsInteger(facts.Token(kName)) && !IsInteger(facts.Token(kOption));
+  const bool runIsEarly = !IsInteger(facts.Token(kRun)) && IsInteger(facts.Token(kOption)) &&
+                          facts.Token(kOption).size() > 1 && facts.Token(kOption).starts_with('0');
+  if (nameIsLate && !IsInteger(facts.Token(kRun))) {
     found.push_back(Diagnostic("call-token-order", "the project name is " + facts.Token(kName) +
                                                        " and the option is " +
                                                        facts.Token(kOption)));
-  } else if (!IsInteger(facts.Token(kRun)) && IsInteger(facts.Token(kOption)) &&
-             facts.Token(kOption).size() > 1 && facts.Token(kOption).starts_with('0')) {
+  } else if (runIsEarly) {
     found.push_back(Diagnostic(
         "call-token-order",
         "the option is " + facts.Token(kOption) + " and the run number is " + facts.Token(kRun)));
+  } else {
+    return true;
   }
+  return false;
 }
 
 void CheckBlanks(const CallFacts& facts, Diagnostics& found) {
@@ -248,23 +257,24 @@ void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
 
 }  // namespace
 
-void CheckCall(const CallFacts& facts, Diagnostics& found) {
+bool CheckCall(const CallFacts& facts, Diagnostics& found) {
   if (IsCutByBlank(facts)) {
     found.push_back(Diagnostic("call-unquoted-blank",
                                "a blank cuts the token list behind " + facts.arguments[1]));
-    return;
+    return false;
   }
-  CheckQuotationMarks(facts, found);
+  const bool hasMarks = CheckQuotationMarks(facts, found);
   CheckMoldingType(facts, found);
   CheckArgumentCount(facts, found);
-  if (facts.arguments.size() < 3) return;
+  if (facts.arguments.size() < 3) return false;
   CheckSolverName(facts, found);
   CheckBlanks(facts, found);
-  if (CheckForm(facts, found) || CheckSeparator(facts, found)) return;
-  if (!CheckTokenCount(facts, found)) return;
-  CheckTokenOrder(facts, found);
+  if (CheckForm(facts, found) || CheckSeparator(facts, found)) return false;
+  if (!CheckTokenCount(facts, found)) return false;
+  const bool isOrdered = CheckTokenOrder(facts, found);
   CheckOption(facts, found);
   CheckRunNumber(facts, found);
+  return isOrdered && !hasMarks;
 }
 
 }  // namespace qvx::runcheck

@@ -6,7 +6,8 @@
 
 namespace qvx::runcheck {
 
-/// `found` gets what is wrong with the call.
-void CheckCall(const CallFacts& facts, Diagnostics& found);
+/// `found` gets what is wrong with the call. False when its tokens are not what they were meant to
+/// be, so that there is no use in looking where they lead.
+bool CheckCall(const CallFacts& facts, Diagnostics& found);
 
 }  // namespace qvx::runcheck

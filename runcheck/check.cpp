@@ -38,10 +38,10 @@ class RunCheck {
 
     Diagnostics& found = check_.report.diagnostics;
     found = CheckCmxFile(facts);
-    CheckCall(call_, found);
-    CheckFault(found);
+    const bool tokensAreMeant = CheckCall(call_, found);
+    CheckFault(facts, found);
     found.insert(found.end(), libraries.begin(), libraries.end());
-    if (call_.arguments.size() > 2) CheckRunPlaces(call_, places, facts.File(), found);
+    if (tokensAreMeant) CheckRunPlaces(call_, places, facts.File(), found);
     if (machinesMatter) CheckShares(facts, prediction_, found);
     CheckPrograms(prediction_, places, machinesMatter, found);
     CheckOldLogs(prediction_, found);
@@ -55,7 +55,7 @@ class RunCheck {
 
  private:
   /// What ends the launcher, unless a rule over the lines has told it with its place.
-  void CheckFault(Diagnostics& found) const {
+  void CheckFault(const CmxFacts& facts, Diagnostics& found) const {
     if (!prediction_.fault) return;
     const ThrownFault& fault = *prediction_.fault;
     const bool isTold = std::ranges::any_of(found, [&](const Diagnostic& diagnostic) {
@@ -68,12 +68,25 @@ class RunCheck {
         break;
       case ThrownFault::Kind::CannotAllocate:
       case ThrownFault::Kind::OutOfMemory:
-        found.push_back(Diagnostic("cannot-allocate", fault.message));
+        found.push_back(CannotAllocate(facts, fault));
         break;
       case ThrownFault::Kind::UnexpectedException:
         found.push_back(Diagnostic("library-failed", "a library of the suite throws an exception"));
         break;
     }
+  }
+
+  static Diagnostic CannotAllocate(const CmxFacts& facts, const ThrownFault& fault) {
+    Diagnostic diagnostic("cannot-allocate", fault.message);
+    const bool isMachines = fault.field == "ValueNoMachine";
+    const SectionReading* reading =
+        facts.Reading(isMachines ? kRemoteMachinesSection : kTaskManagerSection);
+    const SettingLine* count =
+        reading == nullptr ? nullptr : reading->Find(isMachines ? "ValueNoMachine" : "ValueNoTask");
+    if (count != nullptr && (isMachines || !facts.IsDistributed())) {
+      diagnostic.At(ValueRange(facts.File(), *count), count->line->whole);
+    }
+    return diagnostic;
   }
 
   void Describe(const RunPlaces& places, const CmxFacts& facts) {

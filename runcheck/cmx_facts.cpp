@@ -85,7 +85,7 @@ bool MeansLocal(std::string_view taskMode) {
 }
 
 bool IsPlainNumber(std::string_view text) {
-  return !text.empty() && text.size() <= 9 &&
+  return !text.empty() && text.size() <= 10 &&
          text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 

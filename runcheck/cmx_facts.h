@@ -53,7 +53,7 @@ std::string Cleaned(std::string_view value);
 /// Tabs, no-break spaces, carriage returns and other bytes that look like nothing; spaces too.
 std::string_view TrimmedOfInvisible(std::string_view text);
 
-/// Digits alone, at most nine.
+/// Digits alone, at most ten.
 bool IsPlainNumber(std::string_view text);
 
 }  // namespace qvx::runcheck

@@ -83,6 +83,9 @@ class MachineRules {
           *count);
       return false;
     }
+    // Told as a count that no memory holds.
+    constexpr std::int32_t kMostMachines = 500'000;
+    if (count_ > kMostMachines) return false;
     for (const LineRole role : {LineRole::Machine, LineRole::Weighting}) {
       const SettingLine* opener = Opener(role);
       if (opener == nullptr || opener->line->number > count->line->number) continue;

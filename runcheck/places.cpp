@@ -30,15 +30,29 @@ void AddCmxNeighbours(const RunPlaces& places, Diagnostic& diagnostic) {
   }
 }
 
+/// A folder beside the missing one, with nearly its name.
+void AddNeighbour(const std::string& folder, Diagnostic& diagnostic) {
+  const std::size_t last = folder.find_last_of('\\');
+  const std::string parent = folder.substr(0, last);
+  const std::vector<std::string> names = NamesMatching(parent + "\\*");
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  const std::string_view meant = MostSimilar(folder.substr(last + 1), views);
+  if (meant.empty() || KindOf(parent + "\\" + std::string(meant)) != FileKind::Folder) return;
+  const std::string path = parent + "\\" + std::string(meant);
+  diagnostic.Suggest(path, "there is a folder " + path);
+}
+
 bool CheckFolder(Code code, const char* what, const std::string& folder, const char* inside,
                  Diagnostics& found) {
-  if (folder.empty()) return false;
+  // A blank or mark around it is told with the call.
+  if (folder.empty() || TrimmedOfInvisible(folder) != folder) return false;
   Diagnostic diagnostic(code, "");
   if (!IsAbsolutePath(folder)) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is relative";
     diagnostic.Because("the launcher would look below the folder that it is started in");
   } else if (const FileKind kind = KindOf(folder); kind == FileKind::Missing) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " does not exist";
+    AddNeighbour(folder, diagnostic);
   } else if (kind == FileKind::File) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is a file";
   } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
@@ -151,8 +165,6 @@ RunPlaces PlacesOf(const CallFacts& call, const Prediction& prediction) {
 
 void CheckRunPlaces(const CallFacts& call, const RunPlaces& places, const CmxFile& cmx,
                     Diagnostics& found) {
-  // A mark within a path makes it one that cannot exist; it is told with the call.
-  if ((places.home + places.project).find('"') != std::string::npos) return;
   const bool isSwapped = KindOf(places.home + "\\Analysis") == FileKind::Folder &&
                          KindOf(places.project + "\\Bin") == FileKind::Folder &&
                          KindOf(places.home + "\\Bin") != FileKind::Folder;

@@ -89,6 +89,7 @@ class ProgramRules {
     const FileKind kind = KindOf(path);
     if (!seen_.insert(path).second) return;
     if (kind != FileKind::File) {
+      if (places_.home.empty()) return;  // told with the call
       const std::string bin = places_.home + "\\Bin";
       if (KindOf(bin) != FileKind::Folder) return;  // told with the home folder
       if (pass.solverPath.find_first_of("\\/:", bin.size() + 1) != std::string::npos) return;
@@ -169,6 +170,11 @@ class ProgramRules {
       diagnostic.Help("the value stands in the registry of 32-bit programs (WOW6432Node)");
     } else if (!value.hasValue && value.isInUserKey) {
       diagnostic.Help("the value stands in HKEY_CURRENT_USER and belongs into HKEY_LOCAL_MACHINE");
+    }
+    if (folder.find('"') != std::string::npos) {
+      std::string right = folder;
+      std::erase(right, '"');
+      diagnostic.Suggest(right, "the value is written " + right);
     }
     found_.push_back(diagnostic);
     return false;
