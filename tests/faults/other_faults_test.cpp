@@ -261,7 +261,7 @@ TEST(MpiLaunch, DoesWithoutAConfigurationThatIsNotThereOrCannotBeConverted) {
        reinterpret_cast<void*>(ConvertNothing)}};
   for (const auto& [slot, function] : failures) {
     const test::ImportPatch patch(slot, function);
-    EXPECT_EQ(PrepareMpiCommand(context, "-n 4", "C:\\Q").commandLine,
+    EXPECT_EQ(PrepareMpiCommand(context, {"-n 4", "C:\\Q"}).commandLine,
               "C:\\MPI\\impiexec.exe -env 0 0 -n 4  \"C:\\Q\\Bin\\\" ");
   }
 }
