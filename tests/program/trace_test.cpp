@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/planned_run.h"
+#include "tests/program/under_launcher.h"
 
 namespace qvx::test {
 namespace {
@@ -54,7 +55,7 @@ std::string LaunchTrace(const std::string& banner, const std::string& commandLin
 
 const PlannedRun kSerial({.machine = Machine::Traced, .script = "print x;flush"});
 
-TEST(Trace, OfASerialRun) {
+RUN_TEST(Trace, OfASerialRun, &kSerial) {
   const std::string arguments = FlowArguments(kSerialSettings);
   EXPECT_EQ(kSerial->output,
             CommandLineTrace("Qvx3DFlow.exe", "SolverClass=FLOW\r\n") + kPathTrace +
@@ -67,9 +68,10 @@ TEST(Trace, OfASerialRun) {
 
 const PlannedRun kSmp({.machine = Machine::Traced,
                        .cmx = kSmpCmx,
-                       .script = "rank 0 print x;flush"});
+                       .script = "rank 0 print up" + kAwaitShown,
+                       .meanwhile = LetGoOnceShown("up\r\n")});
 
-TEST(Trace, OfASharedMemoryRun) {
+RUN_TEST(Trace, OfASharedMemoryRun, &kSmp) {
   const std::string arguments = FlowArguments("-parallel 1 -processes 2 -weights 0.5,0.5");
   EXPECT_EQ(kSmp->output, CommandLineTrace("Qvx3DFlow.exe", "SolverClass=FLOW\r\n") + kPathTrace +
                               TaskManagerTrace("0", "2") + kNoMachinesTrace +
@@ -77,15 +79,16 @@ TEST(Trace, OfASharedMemoryRun) {
                               ConsoleOf(LaunchTrace("Launch parallel computing\r\n",
                                                     kImpiexec + " -env 0 0 -localonly -n 2  \"" +
                                                         kFlowPath + "\" " + arguments),
-                                        "x\r\n", kImpiexec, 0) +
+                                        "up\r\n", kImpiexec, 0) +
                               kCountdown);
 }
 
 const PlannedRun kDmp({.machine = Machine::Traced,
                        .cmx = kDmpCmx,
-                       .script = "rank 0 print x;flush"});
+                       .script = "rank 0 print up" + kAwaitShown,
+                       .meanwhile = LetGoOnceShown("up\r\n")});
 
-TEST(Trace, OfADistributedRun) {
+RUN_TEST(Trace, OfADistributedRun, &kDmp) {
   const std::string arguments =
       "-home \"<share>\\Home\" -project \"<share>\\Work\\sample\" -name \"Sample\" -run \"01\" "
       "-molding 1 -option 0 -parallel 2 -processes 3 -weights 0.3,0.3,0.4";
@@ -122,7 +125,7 @@ TEST(Trace, OfADistributedRun) {
                                           " -env 0 0 -hosts 2 NODE1 2 NODE2 1   "
                                           "\"<share>\\Home\\Bin\\Qvx3DFlow.exe\" " +
                                           arguments),
-                          "x\r\n", kImpiexec, 0) +
+                          "up\r\n", kImpiexec, 0) +
                 kCountdown);
 }
 
@@ -133,7 +136,7 @@ const PlannedRun kCool({
     .script = "print x;flush",
 });
 
-TEST(Trace, OfAConformalCoolingRun) {
+RUN_TEST(Trace, OfAConformalCoolingRun, &kCool) {
   const std::string coolPath = "<site>\\Home\\Bin\\Qvx3DCool.exe";
   const auto pass = [](const std::string& path, const std::string& arguments) {
     return "ComputeMode=Serial\r\nSolver arguments = [" + arguments + "]\r\n" +
@@ -147,7 +150,7 @@ TEST(Trace, OfAConformalCoolingRun) {
           "Flag3DSolidCoolingChannel=1\r\nm_bIsConformalCooling=true\r\n" +
           pass(kFlowPath, Replaced(FlowArguments(kSerialSettings), "-option 0", "-option 2")) +
           pass(coolPath, Replaced(FlowArguments(kSerialSettings), "-option 0", "-option 3") +
-                             " -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\"") +
+                             " -prevshot 0 -prevproject \" \" -prevrun \"00\" -prevname \" \"") +
           kCountdown);
 }
 
@@ -159,11 +162,11 @@ const PlannedRun kShell({
     .arguments = std::vector<std::string>{"-", "QvxFlow.exe"},
 });
 
-TEST(Trace, OfAShellRunNamesNoComputeMode) {
+RUN_TEST(Trace, OfAShellRunNamesNoComputeMode, &kShell) {
   const std::string path = "<site>\\Home\\Bin\\QvxFlow.exe";
   const std::string arguments =
       "-home \"<site>\\Home\" -project \"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" "
-      "-option 3 -extra \"a\" -extra \"\" -extra \"\"";
+      "-option 3 -extra \"a\" -extra \" \" -extra \" \"";
   EXPECT_EQ(kShell->output,
             "argv[0]=[L$1*<site>\\Home\\*<site>\\Work\\Sample*Sample*3*1*a]\r\n"
             "argv[1]=[-]\r\nargv[2]=[QvxFlow.exe]\r\n\r\n"
