@@ -1,6 +1,7 @@
 #include "tests/runcheck/findings.h"
 
 #include <filesystem>
+#include <regex>
 
 #include "tests/support/program_path.h"
 
@@ -30,7 +31,9 @@ std::string RunCheckTest::Findings(const std::vector<std::string>& launcherArgum
   for (std::size_t start = 0; start < answer.size(); start = answer.find('\n', start) + 1) {
     const std::string_view line = std::string_view(answer).substr(start);
     if (!line.starts_with("Run ") && !line.starts_with("  ") && !line.starts_with("\n")) {
-      return answer.substr(start);
+      // A site's name has no fixed length, nor have markers under it.
+      static const std::regex marker("\\^~+");
+      return std::regex_replace(answer.substr(start), marker, "^~");
     }
   }
   return answer;

@@ -35,7 +35,7 @@ class RunCheckTest : public testing::Test {
   /// network, and with no byte on standard error.
   std::string Answer(std::vector<std::string> arguments) const;
 
-  /// Its diagnostics and verdict for a call of the launcher.
+  /// Its diagnostics and verdict for a call of the launcher. Markers are all "^~" or "^".
   std::string Findings(const std::vector<std::string>& launcherArguments) const;
   std::string FindingsFor(const std::string& tokens, const std::string& solver = kFlow) const {
     return Findings({"L$1", tokens, solver});
