@@ -52,6 +52,8 @@ TEST_F(RunCheckReport, ADistributedRunAndItsMachines) {
 }
 
 TEST_F(RunCheckReport, ACoolingRunOfTwoPasses) {
+  site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt",
+             "");
   site.InstallSolver("Qvx3DCool.exe");
   site.WriteCmx(std::string(kSerialFile) +
                 "<SOLID_COOL>\r\nFlag3DSolidCoolingChannel=1\r\n</SOLID_COOL>\r\n");
