@@ -71,5 +71,25 @@ TEST_F(RunCheckLibraries, OneWithoutAFunctionIsNamed) {
   EXPECT_NE(text.find("error: QVXMPITool.dll has no function "), std::string::npos) << text;
 }
 
+TEST_F(RunCheckLibraries, OneThatFailsIsNotTheEnd) {
+  std::filesystem::copy_file(ProgramPath("tests\\throwing_mpi_tool.dll"),
+                             site.Path("Program\\QVXMPITool.dll"),
+                             std::filesystem::copy_options::overwrite_existing);
+  site.WriteCmx(Replaced(kSerialFile, "IDTaskMode=0", "IDTaskMode=0 "));
+  EXPECT_EQ(
+      Diagnostics(),
+      "Run 01 of <site>\\Work\\Sample: FLOW\n"
+      "\n"
+      "Sample01.cmx:2:13: error: 1 blank stands behind the value of IDTaskMode: the value is not "
+      "0 and the run would be distributed [cmx-trailing-blank]\n"
+      "    2 | IDTaskMode=0 \n"
+      "      |             ^ help: the value is written 0\n"
+      "error: a library of the suite throws an exception: the launcher would end with -2 "
+      "[library-failed]\n"
+      "    help: the installation is repaired\n"
+      "\n"
+      "2 errors: this run would not start.\n");
+}
+
 }  // namespace
 }  // namespace qvx::test
