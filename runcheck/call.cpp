@@ -91,6 +91,10 @@ Call ParseCall(const std::vector<std::string>& arguments) {
     const bool hasMark = std::ranges::any_of(
         options, [](const std::string& option) { return option.find('"') != std::string::npos; });
     if (hasMark) call.wrong += "; a backslash before a quotation mark takes what follows with it";
+    const bool hasTokens = std::ranges::any_of(options, [](const std::string& option) {
+      return option.find_first_of("*$") != std::string::npos;
+    });
+    if (hasTokens) call.wrong += "; what the launcher would be started with stands behind --";
     return call;
   }
   if (!call.help && !call.version) call.wrong = WrongCombination(call);
