@@ -2,7 +2,7 @@
 # their own. script/package makes the zip.
 option(QVX_PAGES "Convert the package's pages to HTML; needs pandoc" OFF)
 
-install(TARGETS QVXSolverLauncher start_launcher RUNTIME DESTINATION .)
+install(TARGETS QVXSolverLauncher QVXRunCheck StartLauncher RUNTIME DESTINATION .)
 install(TARGETS impiexec fake_solver RUNTIME DESTINATION replacements)
 if(NOT QVX_CLOSED_LIBRARIES)
   install(TARGETS QVXSolverArgumentTool QVXMPITool QVXUnicodeTool RUNTIME DESTINATION replacements)
