@@ -65,7 +65,14 @@ Call ParseCall(const std::vector<std::string>& arguments) {
   }
   const std::unique_ptr<CLI::App> app = MakeApp(call);
   call.wrong = ParseWords(*app, options);
-  if (call.wrong.empty() && !call.help && !call.version) call.wrong = WrongCombination(call);
+  if (!call.wrong.empty()) {
+    const bool hasTokens = std::ranges::any_of(options, [](const std::string& option) {
+      return option.find_first_of("*$") != std::string::npos;
+    });
+    if (hasTokens) call.wrong += "; what the launcher would be started with stands behind --";
+    return call;
+  }
+  if (!call.help && !call.version) call.wrong = WrongCombination(call);
   return call;
 }
 

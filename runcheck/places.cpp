@@ -57,9 +57,10 @@ bool CheckFolder(Code code, const char* what, const std::string& folder, const c
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is a file";
   } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " holds no folder " + inside;
-    const std::size_t last = folder.find_last_of('\\');
-    if (AsciiLower(folder.substr(last + 1)) == AsciiLower(inside)) {
-      diagnostic.Suggest(folder.substr(0, last), "it is written " + folder.substr(0, last));
+    // One that lies within it was meant to be it.
+    const std::size_t at = (AsciiLower(folder) + "\\").find("\\" + AsciiLower(inside) + "\\");
+    if (at != std::string::npos) {
+      diagnostic.Suggest(folder.substr(0, at), "it is written " + folder.substr(0, at));
     }
   } else {
     return true;

@@ -160,6 +160,8 @@ class ProgramRules {
       wrong = "IntelMPI_InstallPath is empty";
     } else if (folder.find('"') != std::string::npos) {
       wrong = "IntelMPI_InstallPath holds quotation marks, " + folder;
+    } else if (TrimmedOfInvisible(folder) != folder) {
+      wrong = "a blank stands beside IntelMPI_InstallPath, " + folder;
     } else if (!IsAbsolutePath(folder)) {
       wrong = "IntelMPI_InstallPath is relative, " + folder;
     } else {
@@ -180,13 +182,23 @@ class ProgramRules {
     return false;
   }
 
+  /// Where a missing file lies by mistake.
+  static void AddElsewhere(const std::vector<std::string>& paths, Diagnostic& diagnostic) {
+    for (const std::string& path : paths) {
+      if (KindOf(path) == FileKind::File) diagnostic.Suggest(path, "there is a file " + path);
+    }
+  }
+
   void CheckAccounts() {
     const std::string path = places_.home + "\\acc.ini";
     const FileKind kind = KindOf(path);
     if (kind == FileKind::File && !ReadFileStart(path, 1).value_or("").empty()) return;
-    found_.push_back(Diagnostic("account-file", path + (kind == FileKind::Missing  ? " is missing"
-                                                        : kind == FileKind::Folder ? " is a folder"
-                                                                                   : " is empty")));
+    Diagnostic diagnostic("account-file", path + (kind == FileKind::Missing  ? " is missing"
+                                                  : kind == FileKind::Folder ? " is a folder"
+                                                                             : " is empty"));
+    if (kind == FileKind::Missing)
+      AddElsewhere({path + ".txt", places_.home + "\\Bin\\acc.ini"}, diagnostic);
+    found_.push_back(diagnostic);
   }
 
   void CheckProjectIni() {
@@ -196,7 +208,9 @@ class ProgramRules {
     }
     const std::string path = places_.home + "\\Bin\\QVXProject.ini";
     if (KindOf(path) != FileKind::File) {
-      found_.push_back(Diagnostic("project-ini", path + " is missing"));
+      Diagnostic diagnostic("project-ini", path + " is missing");
+      AddElsewhere({path + ".txt", places_.home + "\\QVXProject.ini"}, diagnostic);
+      found_.push_back(diagnostic);
       return;
     }
     const std::string bytes = ReadFileStart(path, 65536).value_or("");
@@ -214,7 +228,10 @@ class ProgramRules {
   }
 
   void CheckParallelFolder(const std::string& name) {
-    if (name.find_first_not_of("\\/") == 0 && name.back() != '\\' && !IsAbsolutePath(name)) return;
+    if (name.find_first_not_of("\\/") == 0 && name.back() != '\\' && !IsAbsolutePath(name) &&
+        Cleaned(name) == name) {
+      return;
+    }
     found_.push_back(
         Diagnostic("project-ini", "QVX_PARALLEL_FOLDER_NAME is " + name + ", no share's name")
             .Help("it is the share's name, without backslashes around it"));

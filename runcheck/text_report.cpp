@@ -81,7 +81,7 @@ std::string Heading(const Report& report) {
   std::string heading = "Run " + report.runNumber + " of " + report.projectDirectory + ": " +
                         TextsOf(report.family).name;
   if (report.passes.empty()) return heading;
-  if (report.passes.size() > 1) heading += " behind a FLOW pass";
+  if (report.passes.size() > 1) heading += " after a FLOW pass";
   return heading + ", " + ModeText(report.passes.back(), report.machines.size());
 }
 

@@ -399,5 +399,27 @@ TEST_F(RunCheckPlaces, TheDebugTraceIsOn) {
   EXPECT_EQ(status, 0);
 }
 
+TEST_F(RunCheckPlaces, AProjectDirectoryThatIsItsRunFolder) {
+  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis\\Run01*Sample*0*01"),
+            "error: the project directory <site>\\Work\\Sample\\Analysis\\Run01 holds no folder "
+            "Analysis: the run would lose its log [project-folder]\n"
+            "    help: it is written <site>\\Work\\Sample\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckPlaces, ABlankBehindTheMpiFolder) {
+  site.WriteCmx(kSmpFile);
+  mpiPath.Set(site.Path("Mpi") + " ");
+  EXPECT_EQ(
+      Findings(),
+      "error: a blank stands beside IntelMPI_InstallPath, <site>\\Mpi : the launcher would stop "
+      "with -1 [mpi-path]\n"
+      "    help: IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, "
+      "the folder of impiexec.exe\n"
+      "\n"
+      "1 error: this run would not start.\n");
+}
+
 }  // namespace
 }  // namespace qvx::test

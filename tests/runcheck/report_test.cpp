@@ -52,11 +52,13 @@ TEST_F(RunCheckReport, ADistributedRunAndItsMachines) {
 }
 
 TEST_F(RunCheckReport, ACoolingRunOfTwoPasses) {
+  site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt",
+             "");
   site.InstallSolver("Qvx3DCool.exe");
   site.WriteCmx(std::string(kSerialFile) +
                 "<SOLID_COOL>\r\nFlag3DSolidCoolingChannel=1\r\n</SOLID_COOL>\r\n");
   EXPECT_EQ(Answer({"--", "L$1", kRun, "Qvx3DCool.exe"}),
-            "Run 01 of <site>\\Work\\Sample: COOL behind a FLOW pass, serial\n"
+            "Run 01 of <site>\\Work\\Sample: COOL after a FLOW pass, serial\n"
             "\n"
             "  family        FLOW             Sample01.cmx:6  Flag3DSolidCoolingChannel = 1\n"
             "  mode          serial           Sample01.cmx:3  ValueLocalNoTask = 1\n"
@@ -362,6 +364,16 @@ TEST_F(RunCheckReport, TheHelpAndNoArgument) {
   const CheckResult none = RunQvxRunCheck({});
   EXPECT_EQ(none.output, help.output);
   EXPECT_EQ(none.status, 2);
+}
+
+TEST_F(RunCheckReport, TheLaunchersArgumentsStandBehindTheSeparator) {
+  EXPECT_EQ(
+      Answer({"L$1", kRun, kFlow}),
+      "error: the following arguments were not expected: Qvx3DFlow.exe " +
+          site.Generic(site.Specific(kRun)) +
+          " L$1; what the launcher would be started with stands behind --: nothing was checked "
+          "[wrong-call]\n"
+          "    help: QVXRunCheck.exe --help shows both forms of call\n");
 }
 
 }  // namespace

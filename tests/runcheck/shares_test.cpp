@@ -245,5 +245,30 @@ TEST_F(RunCheckShares, MachinesBeyondTheMemory) {
   EXPECT_EQ(status, 1);
 }
 
+TEST_F(RunCheckShares, AnAccountFileWithAHiddenExtension) {
+  site.WriteCmx(kDmpFile);
+  site.Remove("Home\\acc.ini");
+  site.Write("Home\\acc.ini.txt", "account\r\n");
+  EXPECT_EQ(
+      Findings(),
+      "error: <site>\\Home\\acc.ini is missing: the launcher would stop with -1 [account-file]\n"
+      "    help: there is a file <site>\\Home\\acc.ini.txt\n"
+      "\n"
+      "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckShares, AProjectIniOutsideBin) {
+  site.WriteCmx(kDmpFile);
+  site.Write("Home\\QVXProject.ini", site.Read("Home\\Bin\\QVXProject.ini"));
+  site.Remove("Home\\Bin\\QVXProject.ini");
+  EXPECT_EQ(
+      Findings(),
+      "error: <site>\\Home\\Bin\\QVXProject.ini is missing: the run would go to a share without "
+      "a name [project-ini]\n"
+      "    help: there is a file <site>\\Home\\QVXProject.ini\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
+}
+
 }  // namespace
 }  // namespace qvx::test

@@ -1,0 +1,95 @@
+// The check starts without the closed libraries and says which is missing.
+#include <filesystem>
+#include <string>
+
+#include "tests/runcheck/findings.h"
+#include "tests/support/program_path.h"
+
+namespace qvx::test {
+namespace {
+
+class RunCheckLibraries : public RunCheckTest {
+ protected:
+  RunCheckLibraries() {
+    std::filesystem::create_directories(site.Path("Program"));
+    Install("QVXRunCheck.exe");
+    Install("QVXSolverArgumentTool.dll");
+    Install("QVXMPITool.dll");
+    Install("QVXUnicodeTool.dll");
+    // Else the system would find the ones of the build there.
+    path.Set("C:\\windows\\system32;C:\\windows");
+  }
+
+  void Install(const std::string& name) const {
+    std::filesystem::copy_file(ProgramPath("bin\\" + name), site.Path("Program\\" + name));
+  }
+
+  std::string Diagnostics() const {
+    const CheckResult result = RunQvxRunCheck({"--", "L$1", site.Specific(kRun), kFlow},
+                                              site.Path("Program\\QVXRunCheck.exe"));
+    EXPECT_EQ(result.error, "");
+    return site.Generic(result.output);
+  }
+
+  EnvironmentVariable path{"PATH"};
+};
+
+TEST_F(RunCheckLibraries, AllOfThemAreInOrder) {
+  EXPECT_TRUE(Diagnostics().ends_with(kInOrder)) << Diagnostics();
+}
+
+TEST_F(RunCheckLibraries, AMissingOneIsNamed) {
+  site.Remove("Program\\QVXMPITool.dll");
+  EXPECT_EQ(Diagnostics(),
+            "Run 01 of <site>\\Work\\Sample: FLOW\n"
+            "\n"
+            "error: QVXMPITool.dll, or a library that it needs, is missing: the launcher would not "
+            "start [library-missing]\n"
+            "    help: it lies beside the launcher\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckLibraries, OneThatIsNoLibraryIsNamed) {
+  site.Write("Program\\QVXUnicodeTool.dll", "text");
+  EXPECT_EQ(
+      Diagnostics(),
+      "Run 01 of <site>\\Work\\Sample: FLOW\n"
+      "\n"
+      "error: QVXUnicodeTool.dll is no library for this machine: the launcher would not start "
+      "[library-missing]\n"
+      "    help: it lies beside the launcher\n"
+      "\n"
+      "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckLibraries, OneWithoutAFunctionIsNamed) {
+  std::filesystem::copy_file(site.Path("Program\\QVXUnicodeTool.dll"),
+                             site.Path("Program\\QVXMPITool.dll"),
+                             std::filesystem::copy_options::overwrite_existing);
+  const std::string text = Diagnostics();
+  EXPECT_NE(text.find("error: QVXMPITool.dll has no function "), std::string::npos) << text;
+}
+
+TEST_F(RunCheckLibraries, OneThatFailsIsNotTheEnd) {
+  std::filesystem::copy_file(ProgramPath("tests\\throwing_mpi_tool.dll"),
+                             site.Path("Program\\QVXMPITool.dll"),
+                             std::filesystem::copy_options::overwrite_existing);
+  site.WriteCmx(Replaced(kSerialFile, "IDTaskMode=0", "IDTaskMode=0 "));
+  EXPECT_EQ(
+      Diagnostics(),
+      "Run 01 of <site>\\Work\\Sample: FLOW\n"
+      "\n"
+      "Sample01.cmx:2:13: error: 1 blank stands behind the value of IDTaskMode: the value is not "
+      "0 and the run would be distributed [cmx-trailing-blank]\n"
+      "    2 | IDTaskMode=0 \n"
+      "      |             ^ help: the value is written 0\n"
+      "error: a library of the suite throws an exception: the launcher would end with -2 "
+      "[library-failed]\n"
+      "    help: the installation is repaired\n"
+      "\n"
+      "2 errors: this run would not start.\n");
+}
+
+}  // namespace
+}  // namespace qvx::test

@@ -1,0 +1,58 @@
+// What the check asks of the network. This machine alone is known for sure: as localhost.
+#include <string>
+
+#include "tests/runcheck/findings.h"
+
+namespace qvx::test {
+namespace {
+
+class RunCheckNetwork : public RunCheckTest {
+ protected:
+  std::string Asked(const std::string& file) const {
+    site.WriteCmx(file);
+    const CheckResult result =
+        RunQvxRunCheck({"--timeout", "20", "--", "L$1", site.Specific(kRun), kFlow});
+    EXPECT_EQ(result.error, "");
+    const std::string text = site.Generic(result.output);
+    return text.substr(text.find("  machine"));
+  }
+
+  const std::string localFile =
+      Replaced(Replaced(kDmpFile, "1=NODE1", "1=localhost"), "2=NODE2", "2=no-such-host.invalid");
+};
+
+TEST_F(RunCheckNetwork, NamesAreFoundOrUnknownAndSharesAreThere) {
+  EXPECT_EQ(Asked(localFile),
+            "  machine               tasks  weighting  each process  name\n"
+            "  localhost                 2        0.6           0.3  found\n"
+            "  no-such-host.invalid      1        0.4           0.4  unknown\n"
+            "\n"
+            "note: the name no-such-host.invalid is not known here [host-unknown]\n"
+            "    help: the name is checked\n"
+            "note: the name NODE1 is not known here [host-unknown]\n"
+            "    help: the name is checked\n"
+            "note: what remote machines see cannot be told from here [not-seen]\n"
+            "    help: each machine is tried once by hand\n"
+            "\n"
+            "Nothing stands in the way of this run.\n");
+}
+
+TEST_F(RunCheckNetwork, ASharedInstallationThatIsNotThere) {
+  site.Write("Home\\Bin\\QVXProject.ini",
+             "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=Nowhere\r\n");
+  EXPECT_NE(Asked(localFile).find(
+                "error: the shared installation \\\\NODE1\\Nowhere cannot be reached from "
+                "here: the machines would find no solver [share-unreachable]\n"),
+            std::string::npos);
+}
+
+TEST_F(RunCheckNetwork, ASharedRunFolderThatIsNotThere) {
+  EXPECT_NE(Asked(Replaced(localFile, "<name>\\Work", "<name>\\Nowhere"))
+                .find("error: the shared run folder "
+                      "\\\\NODE1\\<name>\\Nowhere\\sample\\Analysis\\Run01 cannot be "
+                      "reached from here: the run would lose its log [share-unreachable]\n"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace qvx::test
