@@ -12,7 +12,7 @@ if(QVX_PAGES)
   find_program(QVX_PANDOC pandoc REQUIRED)
   set(pages)
   # The folders stay, so that links from page to page hold.
-  foreach(page docs/windows docs/manual docs/glossary CHANGELOG replacements/README)
+  foreach(page docs/windows docs/manual docs/run-check docs/glossary CHANGELOG replacements/README)
     set(source ${PROJECT_SOURCE_DIR}/${page}.md)
     set(html ${CMAKE_BINARY_DIR}/pages/${page}.html)
     cmake_path(GET page PARENT_PATH folder)
