@@ -87,7 +87,7 @@ int CheckAndPrint(const Terminal& terminal, const Call& call,
   Print(terminal, call, check.report);
   const int status = ExitStatusOf(check.report);
   // Threads that still wait for the network would keep the process.
-  if (check.leavesThreads) ExitProcess(static_cast<UINT>(status));
+  if (check.leavesThreads) TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));
   return status;
 }
 

@@ -3,11 +3,11 @@
 #include <winsock2.h>
 #include <ws2tcpip.h>
 
-#include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <system_error>
 #include <thread>
+#include <vector>
 
 #include "runcheck/files.h"
 
@@ -17,7 +17,6 @@ namespace {
 /// Shared with every thread that asks: one that never comes back may outlive the question.
 struct Board {
   std::mutex mutex;
-  std::condition_variable answered;
   NetworkAnswers answers;
   std::size_t open = 0;
 };
@@ -41,26 +40,34 @@ Answer AskPath(const std::string& path) {
   return KindOf(path) == FileKind::Missing ? Answer::No : Answer::Yes;
 }
 
+/// The threads of one question. Never destroyed: one that waits on can neither be joined nor, in
+/// this thread library, safely be detached.
+using Threads = std::vector<std::thread>;
+
 /// Runs `ask` on a thread of its own and hands what it returns to `store`, under the board's lock.
 template <typename Ask, typename Store>
-void Start(const std::shared_ptr<Board>& board, Ask ask, Store store) {
+void Start(Threads& threads, const std::shared_ptr<Board>& board, Ask ask, Store store) {
   {
     const std::lock_guard lock(board->mutex);
     ++board->open;
   }
   try {
-    std::thread([board, ask, store] {
+    threads.emplace_back([board, ask, store] {
       const auto answer = ask();
       const std::lock_guard lock(board->mutex);
       store(board->answers, answer);
       --board->open;
-      board->answered.notify_all();
-    }).detach();
+    });
   } catch (const std::system_error&) {
     // No more threads: the question stays without an answer.
     const std::lock_guard lock(board->mutex);
     --board->open;
   }
+}
+
+bool IsAnswered(Board& board) {
+  const std::lock_guard lock(board.mutex);
+  return board.open == 0;
 }
 
 }  // namespace
@@ -72,6 +79,7 @@ NetworkAnswers AskNetwork(const std::vector<std::string>& hosts,
   WSADATA data;
   WSAStartup(MAKEWORD(2, 2), &data);
   const auto board = std::make_shared<Board>();
+  Threads& threads = *new Threads;
   const Clock::time_point start = Clock::now();
   for (const std::string& path : paths) {
     {
@@ -79,7 +87,7 @@ NetworkAnswers AskNetwork(const std::vector<std::string>& hosts,
       if (!board->answers.paths.emplace(path, Answer::Silent).second) continue;
     }
     Start(
-        board, [path] { return AskPath(path); },
+        threads, board, [path] { return AskPath(path); },
         [path](NetworkAnswers& answers, Answer answer) { answers.paths[path] = answer; });
   }
   for (const std::string& host : hosts) {
@@ -89,21 +97,25 @@ NetworkAnswers AskNetwork(const std::vector<std::string>& hosts,
     }
     if (Clock::now() - start > timeout) continue;
     Start(
-        board, [host] { return AskHost(host); },
+        threads, board, [host] { return AskHost(host); },
         [host](NetworkAnswers& answers, const HostAnswer& answer) {
           answers.hosts[host] = answer;
         });
   }
   // Every question has its whole time, the last one too.
   const Clock::time_point end = Clock::now() + timeout;
-  std::unique_lock lock(board->mutex);
-  while (board->open > 0 && Clock::now() < end) {
-    constexpr std::chrono::milliseconds kStep(100);
-    board->answered.wait_for(lock, kStep, [&] { return board->open == 0; });
+  while (!IsAnswered(*board) && Clock::now() < end) {
+    constexpr std::chrono::milliseconds kStep(10);
+    std::this_thread::sleep_for(kStep);
     onWait(std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start));
   }
+  const bool isComplete = IsAnswered(*board);
+  if (isComplete) {
+    for (std::thread& thread : threads) thread.join();
+  }
+  const std::lock_guard lock(board->mutex);
   NetworkAnswers answers = board->answers;
-  answers.isComplete = board->open == 0;
+  answers.isComplete = isComplete;
   return answers;
 }
 

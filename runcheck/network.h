@@ -24,7 +24,7 @@ struct NetworkAnswers {
   bool isComplete = true;  ///< false: threads are left that still wait
 };
 
-/// `onWait`: called about every tenth of a second with the time that has passed.
+/// `onWait`: called about every hundredth of a second with the time that has passed.
 NetworkAnswers AskNetwork(const std::vector<std::string>& hosts,
                           const std::vector<std::string>& paths, std::chrono::milliseconds timeout,
                           const std::function<void(std::chrono::milliseconds)>& onWait);

@@ -64,17 +64,17 @@ TEST_F(RunCheckLibraries, OneThatIsNoLibraryIsNamed) {
 }
 
 TEST_F(RunCheckLibraries, OneWithoutAFunctionIsNamed) {
+  site.Remove("Program\\QVXMPITool.dll");
   std::filesystem::copy_file(site.Path("Program\\QVXUnicodeTool.dll"),
-                             site.Path("Program\\QVXMPITool.dll"),
-                             std::filesystem::copy_options::overwrite_existing);
+                             site.Path("Program\\QVXMPITool.dll"));
   const std::string text = Diagnostics();
   EXPECT_NE(text.find("error: QVXMPITool.dll has no function "), std::string::npos) << text;
 }
 
 TEST_F(RunCheckLibraries, OneThatFailsIsNotTheEnd) {
+  site.Remove("Program\\QVXMPITool.dll");
   std::filesystem::copy_file(ProgramPath("tests\\throwing_mpi_tool.dll"),
-                             site.Path("Program\\QVXMPITool.dll"),
-                             std::filesystem::copy_options::overwrite_existing);
+                             site.Path("Program\\QVXMPITool.dll"));
   site.WriteCmx(Replaced(kSerialFile, "IDTaskMode=0", "IDTaskMode=0 "));
   EXPECT_EQ(
       Diagnostics(),

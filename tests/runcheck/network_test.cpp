@@ -49,7 +49,7 @@ TEST_F(RunCheckNetwork, ASharedInstallationThatIsNotThere) {
 TEST_F(RunCheckNetwork, ASharedRunFolderThatIsNotThere) {
   EXPECT_NE(Asked(Replaced(localFile, "<name>\\Work", "<name>\\Nowhere"))
                 .find("error: the shared run folder "
-                      "\\\\NODE1\\<name>\\Nowhere\\sample\\Analysis\\Run01 cannot be "
+                      "<share>\\Nowhere\\sample\\Analysis\\Run01 cannot be "
                       "reached from here: the run would lose its log [share-unreachable]\n"),
             std::string::npos);
 }
