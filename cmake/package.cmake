@@ -2,7 +2,7 @@
 # their own. script/package makes the zip.
 option(QVX_PAGES "Convert the package's pages to HTML; needs pandoc" OFF)
 
-install(TARGETS QVXSolverLauncher start_launcher RUNTIME DESTINATION .)
+install(TARGETS QVXSolverLauncher QVXRunCheck StartLauncher RUNTIME DESTINATION .)
 install(TARGETS impiexec fake_solver RUNTIME DESTINATION replacements)
 if(NOT QVX_CLOSED_LIBRARIES)
   install(TARGETS QVXSolverArgumentTool QVXMPITool QVXUnicodeTool RUNTIME DESTINATION replacements)
@@ -12,7 +12,7 @@ if(QVX_PAGES)
   find_program(QVX_PANDOC pandoc REQUIRED)
   set(pages)
   # The folders stay, so that links from page to page hold.
-  foreach(page docs/windows docs/manual docs/glossary CHANGELOG replacements/README)
+  foreach(page docs/windows docs/manual docs/run-check docs/glossary CHANGELOG replacements/README)
     set(source ${PROJECT_SOURCE_DIR}/${page}.md)
     set(html ${CMAKE_BINARY_DIR}/pages/${page}.html)
     cmake_path(GET page PARENT_PATH folder)

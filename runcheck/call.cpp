@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <memory>
 
-#include "runcheck/call_facts.h"
-
 namespace qvx::runcheck {
 namespace {
 
@@ -33,37 +31,21 @@ std::unique_ptr<CLI::App> MakeApp(Call& call) {
       ->check(CLI::Range(0.1, 600.0));
   app->add_option("--explain-status", call.explainStatus, "say what a launcher's exit status means")
       ->type_name("N");
-  app->add_option("--project", call.project, "project directory")->type_name("DIR");
-  app->add_option("--run", call.run, "run number, as in the name of its folder")
-      ->type_name("NUMBER");
-  app->add_option("--solver", call.solver, "the solver's file name")->type_name("NAME");
-  app->add_option("--home", call.home, "installation (the folder above this program's Bin)")
-      ->type_name("DIR");
-  app->add_option("--name", call.name, "project name (from the run folder's only CMX file)")
-      ->type_name("NAME");
-  app->add_option("--molding-type", call.moldingType, "molding type (1)")->type_name("N");
-  app->add_option("--option", call.option, "option value (0)")->type_name("N");
+  AddRunWords(*app, call.words);
   return app;
-}
-
-std::string FirstLetterLower(std::string text) {
-  if (text.size() > 1 && text[1] >= 'a') text[0] = static_cast<char>(std::tolower(text[0]));
-  return text;
 }
 
 /// What the parser cannot know.
 std::string WrongCombination(const Call& call) {
-  const bool hasRun = !call.project.empty() || !call.run.empty() || !call.solver.empty();
+  const RunWords& words = call.words;
+  const bool hasRun = !words.project.empty() || !words.run.empty() || !words.solver.empty();
   if (!call.explainStatus.empty()) {
     return hasRun || call.launcherArguments ? "--explain-status stands alone" : "";
   }
   if (call.launcherArguments) {
     return hasRun ? "--project, --run and --solver do not stand together with --" : "";
   }
-  if (call.project.empty()) return "--project is missing";
-  if (call.run.empty()) return "--run is missing";
-  if (call.solver.empty()) return "--solver is missing";
-  return "";
+  return MissingWord(words);
 }
 
 }  // namespace
@@ -82,15 +64,8 @@ Call ParseCall(const std::vector<std::string>& arguments) {
     return call;
   }
   const std::unique_ptr<CLI::App> app = MakeApp(call);
-  // The parser takes them from the end.
-  std::vector<std::string> reversed(options.rbegin(), options.rend());
-  try {
-    app->parse(reversed);
-  } catch (const CLI::ParseError& error) {
-    call.wrong = FirstLetterLower(error.what());
-    const bool hasMark = std::ranges::any_of(
-        options, [](const std::string& option) { return option.find('"') != std::string::npos; });
-    if (hasMark) call.wrong += "; a backslash before a quotation mark takes what follows with it";
+  call.wrong = ParseWords(*app, options);
+  if (!call.wrong.empty()) {
     const bool hasTokens = std::ranges::any_of(options, [](const std::string& option) {
       return option.find_first_of("*$") != std::string::npos;
     });
@@ -109,16 +84,6 @@ std::string HelpText() {
       "would\n"
       "start something else than meant, or would lose its log; 2 this call is wrong.";
   return text;
-}
-
-std::vector<std::string> LauncherArguments(const Call& call, const std::string& home,
-                                           const std::string& name) {
-  const std::string tokens =
-      home + "*" + call.project + "*" + name + "*" + std::to_string(call.option) + "*" + call.run;
-  const std::string first = "QVXSolverLauncher.exe$" + std::to_string(call.moldingType);
-  const CallFacts facts = FactsOf({first, tokens, call.solver});
-  if (facts.isShell) return {first + "*" + tokens, "-", call.solver};
-  return {first, tokens, call.solver};
 }
 
 std::string CommandLineOf(const std::vector<std::string>& launcherArguments) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "runcheck/run_words.h"
+
 namespace qvx::runcheck {
 
 struct Call {
@@ -18,13 +20,7 @@ struct Call {
   /// What the launcher would be started with; nothing in the other form of call.
   std::optional<std::vector<std::string>> launcherArguments;
 
-  std::string project;
-  std::string run;
-  std::string solver;
-  std::optional<std::string> home;
-  std::optional<std::string> name;
-  int moldingType = 1;
-  int option = 0;
+  RunWords words;
 
   std::string wrong;  ///< what is wrong with the call; empty when nothing is
 };
@@ -34,12 +30,7 @@ Call ParseCall(const std::vector<std::string>& arguments);
 
 std::string HelpText();
 
-/// The launcher's arguments for a call of the second form. `home` and `name` are those of the call,
-/// or found for it.
-std::vector<std::string> LauncherArguments(const Call& call, const std::string& home,
-                                           const std::string& name);
-
-/// The same as one line that a shell takes.
+/// The launcher's arguments as one line that a shell takes.
 std::string CommandLineOf(const std::vector<std::string>& launcherArguments);
 
 }  // namespace qvx::runcheck

@@ -11,7 +11,7 @@
 #include "runcheck/check.h"
 #include "runcheck/explain_status.h"
 #include "runcheck/files.h"
-#include "runcheck/similar_name.h"
+#include "runcheck/found_run.h"
 #include "runcheck/terminal.h"
 #include "version.h"
 
@@ -58,35 +58,6 @@ int Refuse(const Terminal& terminal, const Call& call, const std::string& what) 
   return kWrongCall;
 }
 
-/// The installation that this program lies in; nothing when it lies elsewhere.
-std::optional<std::string> OwnHome() {
-  const std::string folder = OwnFolder();
-  const std::size_t last = folder.find_last_of('\\');
-  if (last == std::string::npos || AsciiLower(folder.substr(last + 1)) != "bin") {
-    return std::nullopt;
-  }
-  return folder.substr(0, last);
-}
-
-/// The names that CMX files of the run give the project.
-std::vector<std::string> ProjectNames(const Call& call) {
-  const std::string ending = AsciiLower(call.run + ".cmx");
-  std::vector<std::string> names;
-  for (const std::string& name :
-       NamesMatching(call.project + "\\Analysis\\Run" + call.run + "\\*.cmx")) {
-    if (name.size() > ending.size() && AsciiLower(name).ends_with(ending)) {
-      names.push_back(name.substr(0, name.size() - ending.size()));
-    }
-  }
-  return names;
-}
-
-/// The last part of a path: what a project is usually called.
-std::string LastPart(std::string path) {
-  while (path.ends_with('\\') || path.ends_with('/')) path.pop_back();
-  return path.substr(path.find_last_of("\\/") + 1);
-}
-
 /// A line that overwrites itself, from a second on.
 void ShowProgress(const Terminal& terminal, std::chrono::milliseconds passed, std::size_t hosts) {
   using std::chrono::duration_cast;
@@ -121,20 +92,9 @@ int CheckAndPrint(const Terminal& terminal, const Call& call,
 }
 
 int CheckSecondForm(const Terminal& terminal, const Call& call) {
-  const std::optional<std::string> home = call.home ? call.home : OwnHome();
-  if (!home) return Refuse(terminal, call, "--home is missing, and this program lies in no Bin");
-  std::string name = call.name.value_or("");
-  if (name.empty()) {
-    const std::vector<std::string> names = ProjectNames(call);
-    if (names.size() > 1) {
-      return Refuse(terminal, call,
-                    "--name is missing, and the run folder holds the CMX files of " + names[0] +
-                        " and " + names[1]);
-    }
-    name = names.empty() ? LastPart(call.project) : names[0];
-  }
-  const std::vector<std::string> arguments = LauncherArguments(call, *home, name);
-  return CheckAndPrint(terminal, call, arguments, CommandLineOf(arguments));
+  const FoundRun run = FindRun(call.words);
+  if (!run.wrong.empty()) return Refuse(terminal, call, run.wrong);
+  return CheckAndPrint(terminal, call, run.arguments, CommandLineOf(run.arguments));
 }
 
 int Main(const std::vector<std::string>& arguments) {

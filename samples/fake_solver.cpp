@@ -19,6 +19,7 @@
 
 namespace {
 
+constexpr UINT kNoConsole = 97;
 constexpr UINT kUnknownCommand = 98;
 constexpr UINT kAwaitedInVain = 99;
 constexpr DWORD kPollMilliseconds = 10;
@@ -60,6 +61,12 @@ long long Number(std::string_view text, int base = 10) {
 }
 
 void PrintCommandLine(std::string_view) { Print(GetCommandLineA()); }
+
+/// What follows the program, whose path may hold blanks without being quoted.
+std::string_view OwnArguments() {
+  const std::string_view line = GetCommandLineA();
+  return line.substr(std::min(line.find(" -"), line.size()));
+}
 
 void PrintArguments(std::string_view) {
   for (int i = 1; i < __argc; ++i) Print("argument " + std::to_string(i) + ": " + __argv[i]);
@@ -151,6 +158,14 @@ void CloseOutput(std::string_view) {
   SetStdHandle(STD_ERROR_HANDLE, nullptr);
 }
 
+/// A real one, as if a person pressed it in the launcher's window. This process is left out.
+void PressCtrlC(std::string_view) {
+  FreeConsole();
+  if (AttachConsole(ATTACH_PARENT_PROCESS) == 0) ExitProcess(kNoConsole);
+  SetConsoleCtrlHandler(nullptr, TRUE);
+  GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+}
+
 void Exit(std::string_view code) { ExitProcess(static_cast<UINT>(Number(code))); }
 
 void RunForRank(std::string_view rankAndCommand);
@@ -172,6 +187,7 @@ const std::map<std::string_view, void (*)(std::string_view)> kCommands{
     {"flush", Flush},                    // waits until all output has been read
     {"close", CloseOutput},              // closes standard output and error
     {"rank", RunForRank},                // RANK COMMAND: only in the process of that rank
+    {"ctrl-c", PressCtrlC},              // sends Ctrl-C to the console of the process's parent
     {"exit", Exit},                      // CODE
 };
 
@@ -223,20 +239,20 @@ std::optional<std::string> FindScript() {
   return std::nullopt;
 }
 
+/// Each line of a parallel run has its process's rank in front.
 void PlayRun() {
-  std::string title = "QuorvexFakeSolver";
-  if (const char* const rank = Variable("PMI_RANK")) {
+  std::string rank;
+  if (const char* const number = Variable("PMI_RANK")) rank = std::string("[") + number + "] ";
+  if (rank.empty() || rank == "[0] ") Print(rank + "given:" + std::string(OwnArguments()));
+  if (!rank.empty()) {
     const auto variable = [](const char* name) {
       const char* const value = Variable(name);
       return std::string(value != nullptr ? value : "?");
     };
-    title += std::string(" process ") + rank + " of " + variable("PMI_SIZE") + " on " +
-             variable("PMI_HOST");
+    Print(rank + "one of " + variable("PMI_SIZE") + " processes, on " + variable("PMI_HOST"));
   }
-  Print(title);
-  PrintArguments({});
-  for (int percent = 25; percent <= 100; percent += 25) {
-    Print("progress " + std::to_string(percent) + " %");
+  for (const int percent : {30, 60, 100}) {
+    Print(rank + "progress " + std::to_string(percent) + " %");
     Flush({});
     Sleep(kProgressMilliseconds);
   }

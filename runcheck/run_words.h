@@ -1,0 +1,39 @@
+// A run in words: what the check and StartLauncher take in place of the launcher's own arguments.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace qvx::runcheck {
+
+struct RunWords {
+  std::string project;
+  std::string run;
+  std::string solver;
+  std::optional<std::string> home;
+  std::optional<std::string> name;
+  int moldingType = 1;
+  int option = 0;
+};
+
+/// `words` has to outlive `app`.
+void AddRunWords(CLI::App& app, RunWords& words);
+
+/// "--run is missing" or the like; empty when all words are there that have no default.
+std::string MissingWord(const RunWords& words);
+
+/// Parses `arguments`, which are without the program's own name. Returns what is wrong with them,
+/// empty when nothing is.
+std::string ParseWords(CLI::App& app, const std::vector<std::string>& arguments);
+
+/// The launcher's arguments, its first one included. `home` and `name` are those of the words, or
+/// found for them.
+std::vector<std::string> LauncherArguments(const RunWords& words, const std::string& home,
+                                           const std::string& name);
+
+}  // namespace qvx::runcheck
