@@ -103,7 +103,7 @@ std::string HelpText() {
   text +=
       "\nExit status: 0 nothing stops the run, warnings included; 1 the run would not start, "
       "would\n"
-      "start something else than meant, or would lose its log; 2 this call is wrong.\n";
+      "start something else than meant, or would lose its log; 2 this call is wrong.";
   return text;
 }
 

@@ -242,7 +242,7 @@ void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
   } else if (facts.rule->text == "qvx3dic") {
     found.push_back(
         Diagnostic("solver-rule", solver + " runs as WS because its name contains qvx3dic")
-            .Help("only a name that contains qvx3dicps is PS, and IC has no such name"));
+            .Help("PS has names with qvx3dicps, IC names without qvx3d"));
   }
   // The first family word counts: another one in the name has no say.
   for (const std::string_view word : {"flow", "pack", "cool", "warp", "stress", "optics"}) {
