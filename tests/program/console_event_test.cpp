@@ -183,6 +183,7 @@ const PlannedRun kBeforeTheStart({
     .arguments = std::vector<std::string>{"<site>\\Home*\\\\.\\pipe\\qvx*Sample*3*01",
                                           "Qvx3DFlow.exe"},
     .prepare = [](const Site&) { cmxPipe.Create(); },
+    .isAsked = false,
     .meanwhile = [](LauncherProcess& launcher, const Site&) -> std::string {
       cmxPipe.AwaitReader();
       const bool cancelled = launcher.SendCtrlC() && launcher.WaitForOutput(kCtrlC);

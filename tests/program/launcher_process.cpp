@@ -77,14 +77,14 @@ LauncherProcess::LauncherProcess(const LauncherStart& start) {
   startup.hStdOutput = output.write;
   startup.hStdError = error.write;
   const BOOL created = CreateProcessA(
-      ProgramPath("bin\\QVXSolverLauncher.exe").c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+      ProgramPath(start.program).c_str(), commandLine.data(), nullptr, nullptr, TRUE,
       CREATE_NEW_CONSOLE, environment.data(),
       start.currentFolder.empty() ? nullptr : start.currentFolder.c_str(), &startup, &process_);
   CloseHandle(output.write);
   CloseHandle(error.write);
   outputReader_ = std::thread([this, pipe = output.read] { Read(pipe, output_); });
   errorReader_ = std::thread([this, pipe = error.read] { Read(pipe, error_); });
-  if (created == 0) throw std::runtime_error("the launcher cannot be started");
+  if (created == 0) throw std::runtime_error(start.program + " cannot be started");
 }
 
 LauncherProcess::~LauncherProcess() {

@@ -14,6 +14,7 @@
 namespace qvx::test {
 
 struct LauncherStart {
+  std::string program = "bin\\QVXSolverLauncher.exe";  ///< relative to the build folder
   std::string firstArgument;
   std::vector<std::string> arguments;
   std::map<std::string, std::string> environment;  ///< beside the test's own

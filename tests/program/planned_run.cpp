@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "tests/runcheck/truth_asked.h"
 #include "tests/support/machine_state.h"
 #include "tests/support/program_path.h"
 
@@ -98,6 +99,7 @@ const RunResult* PlannedRun::operator->() const {
   static std::once_flag once;
   std::call_once(once, CarryOutChosenRuns);
   EXPECT_EQ(whyNot_, "");
+  EXPECT_EQ(untruths_, "") << "the check said something else than the launcher did";
   return &result_;
 }
 
@@ -129,6 +131,8 @@ void PlannedRun::CarryOut() const try {
   start.environment.emplace("QUORVEX_FAKE_SOLVER", plan_.script);
   for (auto& [name, value] : start.environment) value = site.Specific(value);
 
+  std::optional<AskedCheck> check;
+  if (plan_.isAsked) check.emplace(start, site);
   const auto begin = std::chrono::steady_clock::now();
   LauncherProcess launcher(start);
   if (plan_.meanwhile) result_.complaint = plan_.meanwhile(launcher, site);
@@ -137,6 +141,7 @@ void PlannedRun::CarryOut() const try {
   result_.output = site.Generic(launcher.Output());
   result_.error = site.Generic(launcher.Error());
   result_.logs = site.Logs();
+  if (check) untruths_ = check->Untruths(launcher, result_.status, plan_.meanwhile != nullptr);
   site_.reset();
   whyNot_.clear();
 } catch (const std::exception& reason) {

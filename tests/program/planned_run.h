@@ -37,7 +37,8 @@ constexpr const char* kDmpCmx =
     "ValueMachineSetting\r\n1=NODE1\t2\r\n2=NODE2\t1\r\n"
     "ValueMachineWeighting\r\n1=0.6\r\n2=0.4\r\n</REMOTE_MACHINES>\r\n";
 
-/// Texts may hold <site>, <share> and <name>, see Site.
+/// Each run is asked of the check first, and has to come out as that says. Texts may hold <site>,
+/// <share> and <name>, see Site.
 struct RunPlan {
   Machine machine = Machine::Plain;
   std::string solver = "Qvx3DFlow.exe";
@@ -52,6 +53,8 @@ struct RunPlan {
   std::string currentFolder = {};
   /// Last touches before the start.
   std::function<void(const Site&)> prepare = {};
+  /// False for a run whose files can be read only once.
+  bool isAsked = true;
   /// Runs beside the launcher; returns what went wrong, empty when nothing did.
   std::function<std::string(LauncherProcess&, const Site&)> meanwhile = {};
 };
@@ -85,6 +88,7 @@ class PlannedRun {
   RunPlan plan_;
   mutable std::unique_ptr<Site> site_;
   mutable RunResult result_;
+  mutable std::string untruths_;
   mutable std::string whyNot_ = "the test does not name this run";
 };
 

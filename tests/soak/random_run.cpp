@@ -58,7 +58,8 @@ struct Output {
 
 class Generator {
  public:
-  Generator(unsigned seed, unsigned number) : random_(seed * 1000 + number) {}
+  Generator(unsigned seed, unsigned number, RandomSettings settings)
+      : random_(seed * 1000 + number), isInOrder_(settings == RandomSettings::InOrder) {}
 
   RandomRun Make() {
     const Family& family = kFamilies[Below(std::size(kFamilies))];
@@ -75,6 +76,7 @@ class Generator {
       nodes_.push_back({"NODE" + std::to_string(i), static_cast<int>(Below(3)) + 1,
                         static_cast<double>(Below(1000)) / 1000});
     }
+    if (isInOrder_) ShareOut();
     if (hasShot && Below(2) == 0) shotProject_ = "D:\\Shots\\no " + std::to_string(Below(100));
 
     RandomRun run;
@@ -104,6 +106,18 @@ class Generator {
 
  private:
   std::size_t Below(std::size_t limit) { return random_() % limit; }
+
+  /// Weightings above 0 whose sum is 1.
+  void ShareOut() {
+    int left = 1000;
+    for (std::size_t i = 0; i < nodes_.size(); ++i) {
+      const auto others = nodes_.size() - i - 1;
+      const int share =
+          others == 0 ? left : static_cast<int>(Below(static_cast<std::size_t>(left) / 2)) + 1;
+      nodes_[i].weighting = static_cast<double>(share) / 1000;
+      left -= share;
+    }
+  }
 
   /// In a parallel run one process prints; the process launcher passes it on.
   std::string Rank() const { return mode_ == 0 ? "" : "rank 0 "; }
@@ -177,7 +191,8 @@ class Generator {
         remote += "m=" + node.host + "\t" + std::to_string(node.tasks) + "|";
       }
       remote += "ValueMachineWeighting|";
-      for (const Node& node : nodes_) remote += "w=" + Short(node.weighting) + " x|";
+      for (const Node& node : nodes_)
+        remote += "w=" + Short(node.weighting) + (isInOrder_ ? "|" : " x|");
     }
     sections.push_back(remote + "</REMOTE_MACHINES>|");
     std::ranges::shuffle(sections, random_);
@@ -236,6 +251,7 @@ class Generator {
   static constexpr const char* kChild = "<child>";
 
   std::mt19937 random_;
+  bool isInOrder_;
   int mode_ = 0;
   bool conformal_ = false;
   int moldingType_ = 0;
@@ -248,6 +264,8 @@ class Generator {
 
 }  // namespace
 
-RandomRun MakeRandomRun(unsigned seed, unsigned number) { return Generator(seed, number).Make(); }
+RandomRun MakeRandomRun(unsigned seed, unsigned number, RandomSettings settings) {
+  return Generator(seed, number, settings).Make();
+}
 
 }  // namespace qvx::test

@@ -16,6 +16,10 @@ struct RandomRun {
   std::map<std::string, std::string> logs;
 };
 
-RandomRun MakeRandomRun(unsigned seed, unsigned number);
+/// In order: nothing in the settings is probably not meant.
+enum class RandomSettings { Any, InOrder };
+
+RandomRun MakeRandomRun(unsigned seed, unsigned number,
+                        RandomSettings settings = RandomSettings::Any);
 
 }  // namespace qvx::test

@@ -1,0 +1,148 @@
+// The check of a run, as far as it makes no Windows call: what it predicts has to be what the plain
+// formulation says, and a text that is too long has to be told where and only where a reader stops.
+// The input's first three lines are the arguments, the rest is the file.
+#include <algorithm>
+
+#include "execution/mpi_configuration.h"
+#include "execution/mpi_options.h"
+#include "launcher/debug_trace.h"
+#include "runcheck/call_rules.h"
+#include "runcheck/cmx_rules.h"
+#include "runcheck/prediction.h"
+#include "runcheck/report.h"
+#include "runcheck/share_rules.h"
+#include "support/bounded_text.h"
+#include "support/trailing_backslash.h"
+#include "tests/fuzz/argument_library.h"
+#include "tests/fuzz/check.h"
+#include "tests/fuzz/fuzz_target.h"
+#include "tests/fuzz/memory_file.h"
+
+// The rooms that call Windows, in their place: what they find on this machine.
+namespace qvx {
+
+int SwitchDebugTrace(LauncherContext& context) { return context.debugTraceFlag = 0; }
+
+int ReadParallelFolderName(LauncherContext& context) {
+  char iniFile[kPathWidth];
+  FormatText(iniFile, "project ini file", "%s\\Bin\\QVXProject.ini", context.homeFolder);
+  CopyText(context.parallelFolderName, "parallel folder name", "Share");
+  return 0;
+}
+
+const char* ReadMpiInstallationPath(LauncherContext& context) {
+  CopyText(context.mpiInstallationPath, "MPI installation path", "I\\");
+  RemoveTrailingBackslash(context.mpiInstallationPath);
+  return context.mpiInstallationPath;
+}
+
+std::wstring MpiConfigurationFolder() { return {}; }
+std::string MpiConfiguration(LauncherContext& /*context*/, const std::wstring& /*folder*/) {
+  return "C";
+}
+
+}  // namespace qvx
+
+namespace qvx::fuzz {
+namespace {
+
+void CheckPass(const plain::Pass& expected, const runcheck::Pass& pass) {
+  CheckNumber("mode", expected.mode, static_cast<int>(pass.mode));
+  CheckNumber("class", expected.solverClass, static_cast<int>(pass.family));
+  Check("command line", expected.commandLine, pass.commandLine);
+  Check("reported path", expected.reportedPath, pass.reportedPath);
+  Check("log", expected.logPath + "<time>.txt", pass.log.path);
+  // In a record that has none, one process runs.
+  if (expected.record.parallelMode != 0) {
+    CheckNumber("processes", expected.record.processes, pass.processCount);
+  }
+  if (expected.mode == 0) {
+    CheckNumber("weights", std::size_t{0}, pass.weights.size());
+    return;
+  }
+  CheckNumber("weights", expected.record.weights.size(), pass.weights.size());
+  for (std::size_t i = 0; i < pass.weights.size(); ++i) {
+    Check("weight", std::to_string(expected.record.weights[i]), std::to_string(pass.weights[i]));
+  }
+}
+
+/// The words with which the section's reader stops; empty when it does not.
+std::string ReaderFault(const runcheck::SectionReading& reading, const plain::CmxFile& file,
+                        bool& isTooLarge) {
+  plain::End end;
+  const std::string_view name = reading.section->name;
+  if (name == "TASKMANAGER") {
+    plain::ReadTaskManager(file, end);
+  } else if (name == "REMOTE_MACHINES") {
+    plain::ReadRemoteMachines(file, end);
+  } else if (name == "SOLID_MCM") {
+    plain::ReadMultiShot(file, end);
+  } else {
+    plain::ReadSolidCool(file, end);
+  }
+  isTooLarge = isTooLarge || end.isTooLarge;
+  return end.fault;
+}
+
+/// The first text that each reader finds too long is told, in their order, and without any such
+/// text none is.
+void CheckTooLong(const runcheck::CmxFacts& facts, const plain::CmxFile& file) {
+  runcheck::Diagnostics told;
+  runcheck::CheckWidths(facts, told);
+  auto next = told.begin();
+  bool isTooLarge = false;
+  bool stops = false;
+  for (const runcheck::SectionReading& reading : facts.Readings()) {
+    const std::string fault = ReaderFault(reading, file, isTooLarge);
+    if (isTooLarge) return;
+    if (fault.empty()) continue;
+    const auto found = std::ranges::find(next, told.end(), fault, &runcheck::Diagnostic::summary);
+    if (found == told.end() || (!stops && found != told.begin())) {
+      Differ("too long", fault, told.empty() ? "" : told.front().summary);
+    }
+    next = found + 1;
+    stops = true;
+  }
+  if (!stops && !told.empty()) Differ("too long", "", told.front().summary);
+}
+
+std::string AsItIs(const std::string& text) { return text; }
+
+}  // namespace
+
+void RunInput(std::string_view input) {
+  std::vector<std::string> arguments = TakeLines(input, 3);
+  arguments.resize(3);
+  const plain::Run run = plain::PlainRun(arguments, {.cmx = input,
+                                                     .parallelFolder = "Share",
+                                                     .mpiPath = "I\\",
+                                                     .mpiConfiguration = "C",
+                                                     .argumentString = ArgumentString});
+  if (run.end.isTooLarge) return;
+  ServeFile(input);
+  runcheck::Prediction prediction = runcheck::Predict(arguments);
+  Check("fault", run.end.fault, prediction.fault ? prediction.fault->message : "");
+  const std::size_t whole = run.end.fault.empty() ? run.passes.size() : prediction.passes.size();
+  CheckNumber("passes", whole, prediction.passes.size());
+  for (std::size_t i = 0; i < whole; ++i) CheckPass(run.passes[i], prediction.passes[i]);
+
+  runcheck::CallFacts call = runcheck::FactsOf(arguments);
+  if (prediction.isInterpreted) call.family = prediction.family;
+  const runcheck::CmxFacts facts({"a.cmx", std::string(input)}, call.family);
+  CheckTooLong(facts, plain::CmxFile(input));
+  runcheck::Report report;
+  report.diagnostics = runcheck::CheckCmxFile(facts);
+  runcheck::CheckCall(call, report.diagnostics);
+  if (facts.IsMeantDistributed()) runcheck::CheckShares(facts, prediction, report.diagnostics);
+  runcheck::CheckCommandLines(prediction, report.diagnostics);
+  runcheck::SortByPlace(report.diagnostics);
+  report.passes = std::move(prediction.passes);
+  for (const std::size_t width : {0, 1, 80}) {
+    runcheck::TextStyle style;
+    style.width = width;
+    runcheck::TextReport(report, style);
+  }
+  runcheck::JsonReport(report, AsItIs);
+}
+
+}  // namespace qvx::fuzz
