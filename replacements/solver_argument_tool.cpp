@@ -1,6 +1,7 @@
 // Replacement for QVXSolverArgumentTool.dll: writes an argument record as options that a person, a
-// test and a stand-in solver can read. The real solvers' argument format is the closed library's
-// own. Reserved members are not written.
+// test and a stand-in solver can read. A text that is empty, ends with a backslash or is a lone
+// colon gets a blank behind it: a process launcher that quotes arguments anew would spoil it. The
+// real solvers' argument format is the closed library's own. Reserved members are not written.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -82,8 +83,10 @@ class OptionText {
   /// A text filled to its last byte has no terminating zero.
   template <std::size_t kWidth>
   void AddText(std::string_view name, const char (&text)[kWidth]) {
-    const char* end = std::find(text, text + kWidth, '\0');
-    AddOption(name, QuotedArgument({text, static_cast<std::size_t>(end - text)}));
+    std::string value(text, std::find(text, text + kWidth, '\0'));
+    // What a process launcher would drop, misread or take for its own.
+    if (value.empty() || value.ends_with('\\') || value == ":") value += ' ';
+    AddOption(name, QuotedArgument(value));
   }
 
   void AddOption(std::string_view name, const std::string& value) {

@@ -1,6 +1,7 @@
-// QuorvexFakeSolver.exe stands in for a solver. It does what a script in its environment says:
-// QUORVEX_FAKE_SOLVER_<STEM>, for copies under other names, or QUORVEX_FAKE_SOLVER. Commands are
-// separated by `;`; see kCommands. Without a script it plays a short, well-behaved run.
+// QuorvexFakeSolver.exe stands in for a solver. It does what a script says: the file <stem>.script
+// beside it or else a variable of its environment, QUORVEX_FAKE_SOLVER_<STEM> or
+// QUORVEX_FAKE_SOLVER. Copies have stems of their own. Commands are separated by `;`; see
+// kCommands. Without a script it plays a short, well-behaved run.
 #include <windows.h>
 
 #include <algorithm>
@@ -10,7 +11,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +24,7 @@ constexpr UINT kAwaitedInVain = 99;
 constexpr DWORD kPollMilliseconds = 10;
 constexpr ULONGLONG kAwaitMilliseconds = 60'000;
 constexpr DWORD kProgressMilliseconds = 50;
+constexpr DWORD kOutliveMilliseconds = 300;
 
 void Write(DWORD stream, std::string_view bytes) {
   DWORD written = 0;
@@ -121,6 +125,18 @@ void Await(std::string_view path) {
   }
 }
 
+void Outlive(std::string_view path) {
+  Await(path);
+  DWORD identifier = 0;
+  std::ifstream(std::filesystem::path(path)) >> identifier;
+  if (const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, identifier)) {
+    WaitForSingleObject(process, INFINITE);
+    CloseHandle(process);
+  }
+  // Whoever else waits for that end has to notice it first.
+  Sleep(kOutliveMilliseconds);
+}
+
 void SleepFor(std::string_view milliseconds) { Sleep(static_cast<DWORD>(Number(milliseconds))); }
 
 /// On a pipe this waits until the reader has taken everything.
@@ -151,6 +167,7 @@ const std::map<std::string_view, void (*)(std::string_view)> kCommands{
     {"variable", PrintVariable},         // NAME
     {"touch", Touch},                    // PATH: makes a file that holds the process id
     {"await", Await},                    // PATH: waits until the file is there
+    {"outlive", Outlive},                // PATH: waits for the end of the process that made it
     {"sleep", SleepFor},                 // MILLISECONDS
     {"flush", Flush},                    // waits until all output has been read
     {"close", CloseOutput},              // closes standard output and error
@@ -181,15 +198,29 @@ void RunScript(std::string_view script) {
   }
 }
 
-const char* FindScript() {
+std::filesystem::path OwnPath() {
   std::array<char, 4096> path{};
   GetModuleFileNameA(nullptr, path.data(), path.size());
-  std::string name = "QUORVEX_FAKE_SOLVER_" + std::filesystem::path(path.data()).stem().string();
+  std::string own = path.data();
+  // Wine names a file on a share without the backslashes in front.
+  if (own.starts_with("UNC\\")) own.replace(0, 3, "\\");
+  return own;
+}
+
+std::optional<std::string> FindScript() {
+  const std::filesystem::path self = OwnPath();
+  if (std::ifstream file(std::filesystem::path(self).replace_extension("script"), std::ios::binary);
+      file.is_open()) {
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }
+  std::string name = "QUORVEX_FAKE_SOLVER_" + self.stem().string();
   for (char& character : name) {
     character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
   }
-  const char* const own = Variable(name);
-  return own != nullptr ? own : Variable("QUORVEX_FAKE_SOLVER");
+  for (const std::string& variable : {name, std::string("QUORVEX_FAKE_SOLVER")}) {
+    if (const char* const script = Variable(variable)) return script;
+  }
+  return std::nullopt;
 }
 
 void PlayRun() {
@@ -205,18 +236,17 @@ void PlayRun() {
   Print(title);
   PrintArguments({});
   for (int percent = 25; percent <= 100; percent += 25) {
-    Sleep(kProgressMilliseconds);
     Print("progress " + std::to_string(percent) + " %");
+    Flush({});
+    Sleep(kProgressMilliseconds);
   }
-  Flush({});
 }
 
 }  // namespace
 
 int main() {
-  const char* const script = FindScript();
-  if (script != nullptr) {
-    RunScript(script);
+  if (const std::optional<std::string> script = FindScript()) {
+    RunScript(*script);
   } else {
     PlayRun();
   }

@@ -1,9 +1,9 @@
-// Reads the options from the front of the raw command line. It works on the raw text because the
-// solvers must get their arguments exactly as they were written.
+// Takes the raw command line apart by the C runtime's rules, but expands no wildcards.
 #include "replacements/impiexec/command_line.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cstddef>
+#include <cstdlib>
 #include <utility>
 
 namespace impiexec {
@@ -13,15 +13,10 @@ bool IsBlank(char character) { return character == ' ' || character == '\t'; }
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
+/// Looks at the beginning alone, like `std::atoi`, which reads the number.
 bool IsNumber(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
-}
-
-/// 0 unless `text` is a number greater than 0.
-int CountOf(std::string_view text) {
-  int count = 0;
-  if (IsNumber(text)) std::from_chars(text.data(), text.data() + text.size(), count);
-  return count;
+  if (text.starts_with('-')) text.remove_prefix(1);
+  return !text.empty() && IsDigit(text.front());
 }
 
 void SkipBlanks(std::string_view& text) {
@@ -63,32 +58,60 @@ std::string TakeToken(std::string_view& text) {
 
 class Parser {
  public:
-  explicit Parser(std::string_view text) : rest_(text) { SkipOwnName(rest_); }
+  explicit Parser(std::string_view text) {
+    SkipOwnName(text);
+    while (!text.empty()) tokens_.push_back(TakeToken(text));
+  }
 
   CommandLine Parse() {
-    while (!AtEnd() && result_.error.empty() && PeekToken().starts_with('-')) ReadOption();
-    if (result_.error.empty()) ReadProgram();
+    result_.isEmpty = AtEnd();
+    do {
+      ReadGroup();
+    } while (result_.error.empty() && !AtEnd());
     return std::move(result_);
   }
 
  private:
-  bool AtEnd() const { return rest_.empty(); }
+  bool AtEnd() const { return next_ == tokens_.size(); }
+  const std::string& Peek() const { return tokens_[next_]; }
+  const std::string& Take() { return tokens_[next_++]; }
 
-  std::string PeekToken() const {
-    std::string_view text = rest_;
-    return TakeToken(text);
+  /// The options' last value may be missing.
+  std::string TakeValue(std::string_view option, std::string_view what) {
+    if (!AtEnd()) return Take();
+    Fail(std::string(option) + " must be followed by " + std::string(what) + ".");
+    return {};
   }
 
-  void Fail(std::string_view error) { result_.error = error; }
+  void Fail(const std::string& error) {
+    if (result_.error.empty()) result_.error = error;
+  }
+
+  void ReadGroup() {
+    group_ = {};
+    isCountGiven_ = false;
+    while (!AtEnd() && result_.error.empty() && Peek().starts_with('-')) ReadOption();
+    if (!isCountGiven_) group_.hosts.push_back({});
+    ReadProgram();
+    result_.groups.push_back(std::move(group_));
+  }
 
   void ReadOption() {
-    const std::string option = TakeToken(rest_);
+    const std::string option = Take();
     if (option == "-env") {
-      ReadVariable();
+      ReadVariable(option, group_.variables);
+    } else if (option == "-genv") {
+      ReadVariable(option, result_.globalVariables);
+    } else if (option == "-wdir") {
+      group_.folder = TakeValue(option, "a folder");
+    } else if (option == "-l") {
+      result_.labelsOutput = true;
+    } else if (option == "-exitcodes") {
+      result_.showsExitCodes = true;
     } else if (option == "-localonly") {
-      if (IsNumber(PeekToken())) ReadLocalProcesses(option);
+      if (!AtEnd() && IsNumber(Peek())) ReadLocalProcesses(option);
     } else if (option == "-n" || option == "-np") {
-      ReadLocalProcesses("-n");
+      ReadLocalProcesses(option);
     } else if (option == "-hosts") {
       ReadHosts();
     } else {
@@ -96,55 +119,61 @@ class Parser {
     }
   }
 
-  void ReadVariable() {
-    std::string name = TakeToken(rest_);
-    if (AtEnd()) return Fail("-env must be followed by a name and a value");
-    result_.variables.push_back({std::move(name), TakeToken(rest_)});
+  void ReadVariable(std::string_view option, std::vector<Variable>& variables) {
+    constexpr std::string_view kWhat = "a name and a value";
+    std::string name = TakeValue(option, kWhat);
+    variables.push_back({std::move(name), TakeValue(option, kWhat)});
   }
 
-  void ReadLocalProcesses(std::string_view option) {
-    const int count = ReadCount(option);
-    if (count > 0) result_.hosts.push_back({"", count});
-  }
+  void ReadLocalProcesses(std::string_view option) { group_.hosts = {{"", TakeCount(option)}}; }
 
   void ReadHosts() {
-    const int count = ReadCount("-hosts");
-    for (int i = 0; i < count; ++i) {
-      if (AtEnd() || PeekToken().starts_with('-')) {
-        return Fail("must specify " + std::to_string(count) +
-                    " host names after the -hosts option");
+    group_.isDistributed = true;
+    if (AtEnd() || !IsNumber(Peek())) {
+      return Fail("You must specify the number of hosts after the -hosts option.");
+    }
+    const int count = TakeCount("-hosts");
+    for (int i = 0; i < count && result_.error.empty(); ++i) {
+      if (AtEnd() || Peek().starts_with('-')) {
+        return Fail("You must specify " + std::to_string(count) +
+                    " host names after the -hosts option.");
       }
-      Host host{TakeToken(rest_)};
-      if (IsNumber(PeekToken())) host.processCount = TakeCount("-hosts");
-      result_.hosts.push_back(std::move(host));
+      Host host{Take()};
+      if (!AtEnd() && IsNumber(Peek())) host.processCount = CountOf(Take(), "-hosts");
+      group_.hosts.push_back(std::move(host));
     }
   }
 
-  /// Reads the count of an option that determines the number of processes. 0 after a failure.
-  int ReadCount(std::string_view option) {
-    if (std::exchange(isCountGiven_, true)) {
-      Fail("only one option is allowed to determine the number of processes.");
-      return 0;
-    }
-    return TakeCount(option);
-  }
-
+  /// Takes the count that determines the number of processes.
   int TakeCount(std::string_view option) {
-    const int count = CountOf(TakeToken(rest_));
-    if (count == 0) {
-      Fail("must specify a number greater than 0 after the " + std::string(option) + " option");
+    if (std::exchange(isCountGiven_, true)) {
+      Fail("Only one option is allowed to determine the number of processes.");
+    }
+    return CountOf(TakeValue(option, "a number"), option);
+  }
+
+  int CountOf(const std::string& text, std::string_view option) {
+    const int count = std::atoi(text.c_str());
+    if (count < 1) {
+      Fail("You must specify a number greater than 0 after " + std::string(option) + ".");
     }
     return count;
   }
 
   void ReadProgram() {
-    if (AtEnd()) return Fail("no program given");
-    result_.solverCommandLine = rest_;
-    result_.program = TakeToken(rest_);
-    if (!isCountGiven_) result_.hosts.push_back({});
+    if (AtEnd() || Peek() == ":") return Fail("No program is given.");
+    group_.program = Peek();
+    std::vector<std::string> arguments;
+    while (!AtEnd() && Peek() != ":") arguments.push_back(Take());
+    group_.solverCommandLine = QuotedAnew(arguments);
+    if (AtEnd()) return;
+    Take();
+    if (AtEnd()) Fail("No program is given.");
   }
 
-  std::string_view rest_;
+  std::vector<std::string> tokens_;
+  std::size_t next_ = 0;
+  Group group_;
   bool isCountGiven_ = false;
   CommandLine result_;
 };
@@ -152,5 +181,20 @@ class Parser {
 }  // namespace
 
 CommandLine ParseCommandLine(std::string_view text) { return Parser(text).Parse(); }
+
+std::string QuotedAnew(const std::vector<std::string>& arguments) {
+  std::string line;
+  for (const std::string& argument : arguments) {
+    if (!line.empty()) line += ' ';
+    const bool isQuoted = argument.find_first_of(" \t") != std::string::npos;
+    if (isQuoted) line += '"';
+    for (const char character : argument) {
+      if (character == '"') line += '\\';
+      line += character;
+    }
+    if (isQuoted) line += '"';
+  }
+  return line;
+}
 
 }  // namespace impiexec

@@ -1,7 +1,8 @@
-// The command line of the replacement process launcher:
-//   impiexec [-env NAME VALUE]... [-localonly [COUNT] | -n COUNT | -np COUNT |
-//            -hosts COUNT {NAME [PROCESSES]}...] PROGRAM [ARGUMENT]...
-// Portable, so that the grammar can be tested by itself.
+// The command line of the replacement process launcher: groups of
+//   [-env NAME VALUE]... [-genv NAME VALUE]... [-wdir DIR] [-l] [-exitcodes]
+//   [-localonly [COUNT] | -n COUNT | -np COUNT | -hosts COUNT {NAME [PROCESSES]}...]
+//   PROGRAM [ARGUMENT]...
+// with a lone `:` between two. Portable, so that the grammar can be tested by itself.
 #pragma once
 
 #include <string>
@@ -20,16 +21,31 @@ struct Host {
   int processCount = 1;
 };
 
-struct CommandLine {
-  std::vector<Variable> variables;
+/// Processes of one program.
+struct Group {
+  bool isDistributed = false;  ///< its hosts were named
   std::vector<Host> hosts;
-  std::vector<std::string> unknownOptions;
+  std::vector<Variable> variables;
+  std::string folder;  ///< empty for the launcher's own
   std::string program;
-  std::string solverCommandLine;  ///< program and arguments as they were written, quotes and all
-  std::string error;              ///< empty when the command line is usable
+  std::string solverCommandLine;  ///< program and arguments, quoted anew
+};
+
+struct CommandLine {
+  bool isEmpty = false;  ///< nothing but impiexec's own name
+  std::vector<Group> groups;
+  std::vector<Variable> globalVariables;
+  bool labelsOutput = false;
+  bool showsExitCodes = false;
+  std::vector<std::string> unknownOptions;
+  std::string error;  ///< empty when the command line is usable
 };
 
 /// `text`: the raw command line, impiexec's own name in front.
 CommandLine ParseCommandLine(std::string_view text);
+
+/// Joins arguments for a process's command line. Deliberately not exact: an empty one vanishes, and
+/// a backslash at the end of one with a blank takes the closing quote with it.
+std::string QuotedAnew(const std::vector<std::string>& arguments);
 
 }  // namespace impiexec

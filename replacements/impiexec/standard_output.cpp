@@ -20,9 +20,6 @@ void WriteOutput(std::string_view bytes) {
     }
     bytes.remove_prefix(written);
   }
-  // Waits until a pipe's reader has taken the bytes. One that looks whether this process has ended
-  // before it reads would miss the last of them.
-  FlushFileBuffers(output);
 }
 
 void WriteOutputLine(std::string_view text) { WriteOutput(std::string(text) + "\r\n"); }

@@ -1,5 +1,6 @@
 // impiexec's standard output, shared by the threads that relay the solvers' output. Nothing is
-// buffered: a reader sees every chunk at once, and a kill loses nothing.
+// buffered here, but nothing is flushed either: deliberately, what is written right before the end
+// can be lost to a reader that looks for the end first.
 #pragma once
 
 #include <string_view>

@@ -1,16 +1,24 @@
 // The command line. Each line of the input is an argument, the first the program's own.
+#include "tests/fuzz/check.h"
 #include "tests/fuzz/fuzz_target.h"
-#include "tests/fuzz/plain_run.h"
-#include "tests/fuzz/product_facts.h"
+#include "tests/fuzz/kept_console.h"
+#include "tests/fuzz/product.h"
 
 namespace qvx::fuzz {
 
-void RunInput(const std::string& input) {
-  std::string text = input;
+void RunInput(std::string_view input) {
+  const bool isTraced = IsTraced(input);
   constexpr std::size_t kMostArguments = 8;
-  const std::vector<std::string> arguments = TakeLines(text, kMostArguments);
-  Compare([&] { return PlainCommandLine(arguments); },
-          [&] { return ProductCommandLine(arguments); });
+  const std::vector<std::string> arguments = TakeLines(input, kMostArguments);
+  const plain::Run run = plain::ReadCommandLine(arguments, isTraced);
+
+  const Context context;
+  context->debugTraceFlag = isTraced ? 1 : 0;
+  shown.clear();
+  if (CheckFault(run.end.fault, [&] { Interpret(*context, arguments); })) {
+    CheckCommandLine(run, *context);
+  }
+  Check("console", run.console, shown);
 }
 
 }  // namespace qvx::fuzz

@@ -2,17 +2,20 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qvx::fuzz {
 
 /// Runs one input; compares the product with the plain formulation.
-void RunInput(const std::string& input);
+void RunInput(std::string_view input);
 
 /// Takes up to `most` lines off the front of `text`, at least one; what follows a zero byte in a
 /// line is lost.
-std::vector<std::string> TakeLines(std::string& text, std::size_t most);
+std::vector<std::string> TakeLines(std::string_view& text, std::size_t most);
+
+/// One input of four is run with the debug trace.
+inline bool IsTraced(std::string_view input) { return input.size() % 4 == 0; }
 
 }  // namespace qvx::fuzz

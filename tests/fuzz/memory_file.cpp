@@ -1,12 +1,18 @@
 #include "tests/fuzz/memory_file.h"
 
+#include <stdio_ext.h>
+
 #include <cstdio>
+#include <cstdlib>
+
+#include "tests/plain/plain_run.h"
 
 namespace qvx::fuzz {
 namespace {
 
 std::string served;
 std::size_t position = 0;
+bool isOpen = false;
 
 ssize_t Read(void* /*cookie*/, char* buffer, std::size_t size) {
   const std::size_t length = served.copy(buffer, size, position);
@@ -14,25 +20,43 @@ ssize_t Read(void* /*cookie*/, char* buffer, std::size_t size) {
   return static_cast<ssize_t>(length);
 }
 
-}  // namespace
-
-std::string InTextMode(const std::string& bytes) {
-  std::string text;
-  for (const char c : bytes) {
-    if (c == 0x1A) break;
-    if (c == '\n' && !text.empty() && text.back() == '\r') text.pop_back();
-    text += c;
-  }
-  return text;
+/// One stream for all inputs: making one takes longer than reading it.
+std::FILE* Stream() {
+  static std::FILE* const stream = fopencookie(
+      nullptr, "r", {.read = Read, .write = nullptr, .seek = nullptr, .close = nullptr});
+  return stream;
 }
 
-void ServeFile(const std::string& bytes) { served = InTextMode(bytes); }
+}  // namespace
 
-/// Linked in place of fopen (--wrap=fopen).
-extern "C" std::FILE* __wrap_fopen(const char* /*path*/, const char* mode) {
+void ServeFile(std::string_view bytes) {
+  // A reader that left the file open would have leaked it.
+  if (isOpen) std::abort();
+  served = plain::InTextMode(bytes);
+}
+
+// Linked in place of the C library's (--wrap). The fuzzer writes its own files through them too.
+extern "C" {
+
+std::FILE* __real_fopen(const char* path, const char* mode);
+int __real_fclose(std::FILE* file);
+
+std::FILE* __wrap_fopen(const char* path, const char* mode) {
+  if (mode != std::string_view("r")) return __real_fopen(path, mode);
+  if (isOpen) std::abort();
+  isOpen = true;
   position = 0;
-  return fopencookie(nullptr, mode,
-                     {.read = Read, .write = nullptr, .seek = nullptr, .close = nullptr});
+  __fpurge(Stream());
+  std::clearerr(Stream());
+  return Stream();
+}
+
+int __wrap_fclose(std::FILE* file) {
+  if (file != Stream()) return __real_fclose(file);
+  if (!isOpen) std::abort();
+  isOpen = false;
+  return 0;
+}
 }
 
 }  // namespace qvx::fuzz

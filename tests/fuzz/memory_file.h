@@ -1,15 +1,11 @@
 // The one file that the readers find, under any name, while a fuzzer runs: kept in memory.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 namespace qvx::fuzz {
 
 /// `bytes` as they lie on the disk; the readers see them in text mode.
-void ServeFile(const std::string& bytes);
-
-/// In text mode a carriage return directly before a line feed is dropped, and a Ctrl-Z ends the
-/// file.
-std::string InTextMode(const std::string& bytes);
+void ServeFile(std::string_view bytes);
 
 }  // namespace qvx::fuzz

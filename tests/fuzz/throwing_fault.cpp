@@ -3,7 +3,7 @@
 #include <string>
 
 #include "support/fault.h"
-#include "tests/fuzz/facts.h"
+#include "tests/fuzz/check.h"
 
 namespace qvx {
 

@@ -2,90 +2,82 @@
 // gives. The input's lines: parallel mode, project directory, working folder, storage node, share,
 // task count; then a machine each: host name, task count and weighting, separated by tabs.
 #include <cstdlib>
-#include <memory>
 
 #include "execution/mpi_command_line.h"
 #include "execution/parallel_settings.h"
 #include "support/bounded_text.h"
+#include "tests/fuzz/check.h"
 #include "tests/fuzz/fuzz_target.h"
-#include "tests/fuzz/plain_run.h"
-#include "tests/fuzz/product_facts.h"
+#include "tests/fuzz/kept_console.h"
+#include "tests/fuzz/product.h"
 
 namespace qvx::fuzz {
 namespace {
 
-struct Input {
-  int mode;
-  std::string project;
-  Facts taskManager;
-  PlainRemoteMachines remote;
-};
-
-Input Parse(std::string text) {
-  std::vector<std::string> lines = TakeLines(text, 6);
-  lines.resize(6);
+std::vector<plain::Machine> Machines(std::string_view text) {
   constexpr std::size_t kMostMachines = 100;
-  const auto cut = [](const std::string& line, std::size_t width) {
-    return line.substr(0, width - 1);
-  };
-  Input input = {.mode = std::abs(PlainInteger(lines[0]) % 3),
-                 .project = cut(lines[1], 1024),
-                 .taskManager = {{"ValueNoTask", cut(lines[5], 32)}},
-                 .remote = {.fields = {{"ValueParallelWorkingFolder", cut(lines[2], 260)},
-                                       {"ValueStorageNode", cut(lines[3], 32)},
-                                       {"ValueShareFolderName", cut(lines[4], 260)}},
-                            .machines = {}}};
-  if (text.empty()) return input;
+  std::vector<plain::Machine> machines;
+  if (text.empty()) return machines;
   for (const std::string& line : TakeLines(text, kMostMachines)) {
-    std::vector<std::string> words(3);
+    plain::Machine& machine = machines.emplace_back();
+    std::string* const words[] = {&machine.host, &machine.tasks, &machine.weighting};
     std::size_t word = 0;
     for (const char c : line) {
       if (c == '\t' && word < 2) {
         ++word;
-      } else {
-        words[word] += c;
+      } else if (words[word]->size() < 31) {
+        *words[word] += c;
       }
     }
-    input.remote.machines.push_back({cut(words[0], 32), cut(words[1], 32), cut(words[2], 32)});
   }
-  return input;
+  return machines;
 }
 
-Facts Product(const Input& input) {
-  const auto owner = std::make_unique<LauncherContext>();
-  LauncherContext& context = *owner;
-  context.computeMode = static_cast<ComputeMode>(input.mode);
+void Fill(LauncherContext& context, const plain::Run& run, const plain::Pass& pass) {
+  context.computeMode = static_cast<ComputeMode>(pass.mode);
   CopyTruncated(context.parallelFolderName, "Share");
-  CopyTruncated(context.flowArgument.projectDirectory, input.project);
-  CopyTruncated(context.taskManagerSettings.ValueNoTask, input.taskManager.at("ValueNoTask"));
-  RemoteMachineSettings& remote = context.remoteMachineSettings;
-  const Facts& fields = input.remote.fields;
-  CopyTruncated(remote.ValueParallelWorkingFolder, fields.at("ValueParallelWorkingFolder"));
-  CopyTruncated(remote.ValueStorageNode, fields.at("ValueStorageNode"));
-  CopyTruncated(remote.ValueShareFolderName, fields.at("ValueShareFolderName"));
-  for (const PlainMachine& machine : input.remote.machines) {
-    MachineEntry& entry = remote.machines.emplace_back();
-    CopyTruncated(entry.hostName, machine.host);
-    CopyTruncated(entry.taskCount, machine.tasks);
-    CopyTruncated(entry.weighting, machine.weighting);
+  CopyTruncated(context.flowArgument.projectDirectory, pass.record.project);
+  CopyTruncated(context.taskManagerSettings.ValueNoTask, run.taskManager.ValueNoTask);
+  const plain::RemoteMachines& from = run.remoteMachines;
+  RemoteMachineSettings& to = context.remoteMachineSettings;
+  CopyTruncated(to.ValueParallelWorkingFolder, from.ValueParallelWorkingFolder);
+  CopyTruncated(to.ValueStorageNode, from.ValueStorageNode);
+  CopyTruncated(to.ValueShareFolderName, from.ValueShareFolderName);
+  to.machines = std::vector<MachineEntry>(from.machines.size());
+  for (std::size_t i = 0; i < from.machines.size(); ++i) {
+    CopyTruncated(to.machines[i].hostName, from.machines[i].host);
+    CopyTruncated(to.machines[i].taskCount, from.machines[i].tasks);
+    CopyTruncated(to.machines[i].weighting, from.machines[i].weighting);
   }
-  PrepareParallelSettings(context);
-  Facts facts = ParallelFacts("", context.flowArgument, context.flowArgument);
-  facts["hosts"] = HostsList(remote);
-  return facts;
-}
-
-Facts Plain(const Input& input) {
-  Facts facts = PlainParallel("", input.mode, {"", input.project}, input.taskManager, input.remote);
-  facts["hosts"] = PlainHosts(input.remote);
-  return facts;
 }
 
 }  // namespace
 
-void RunInput(const std::string& text) {
-  const Input input = Parse(text);
-  Compare([&] { return Plain(input); }, [&] { return Product(input); });
+void RunInput(std::string_view input) {
+  const plain::Surroundings world = {
+      .cmx = {}, .parallelFolder = "Share", .isTraced = IsTraced(input)};
+  std::vector<std::string> lines = TakeLines(input, 6);
+  lines.resize(6);
+  plain::Run run;
+  plain::Pass pass;
+  pass.mode = std::abs(plain::Integer(lines[0]) % 3);
+  pass.record.project = lines[1].substr(0, 1023);
+  run.remoteMachines.ValueParallelWorkingFolder = lines[2].substr(0, 259);
+  run.remoteMachines.ValueStorageNode = lines[3].substr(0, 31);
+  run.remoteMachines.ValueShareFolderName = lines[4].substr(0, 259);
+  run.remoteMachines.machines = Machines(input);
+  run.taskManager.ValueNoTask = lines[5].substr(0, 31);
+
+  const Context context;
+  Fill(*context, run, pass);
+  context->debugTraceFlag = world.isTraced ? 1 : 0;
+  shown.clear();
+  plain::PrepareRecord(world, run, pass);
+  if (run.end.isTooLarge) return;
+  CheckFault(run.end.fault, [&] { PrepareParallelSettings(*context); });
+  CheckRecord(pass.record, *context);
+  Check("console", run.console, shown);
+  Check("hosts", plain::HostsList(run.remoteMachines), HostsList(context->remoteMachineSettings));
 }
 
 }  // namespace qvx::fuzz

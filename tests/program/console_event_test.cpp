@@ -130,7 +130,7 @@ const std::string kConformal =
 const PlannedRun kFirstPass({
     .solver = "Qvx3DCool.exe",
     .cmx = kConformal,
-    .environment = {{"QUORVEX_FAKE_SOLVER_QVX3DFLOW", kRunForLong}},
+    .scripts = {{"Qvx3DFlow", kRunForLong}},
     .meanwhile = CancelRunningSolver,
 });
 
@@ -145,7 +145,7 @@ const PlannedRun kSecondPass({
     .solver = "Qvx3DCool.exe",
     .cmx = kConformal,
     .script = "print x;flush",
-    .environment = {{"QUORVEX_FAKE_SOLVER_QVX3DCOOL", kRunForLong}},
+    .scripts = {{"Qvx3DCool", kRunForLong}},
     .meanwhile = CancelRunningSolver,
 });
 

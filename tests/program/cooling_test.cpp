@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/planned_run.h"
+#include "tests/program/under_launcher.h"
 
 namespace qvx::test {
 namespace {
@@ -11,7 +12,8 @@ using Logs = std::map<std::string, std::string>;
 const std::string kConformal = "<SOLID_COOL>\r\nFlag3DSolidCoolingChannel = 1\r\n</SOLID_COOL>\r\n";
 const std::string kFlowPath = "<site>\\Home\\Bin\\Qvx3DFlow.exe";
 const std::string kCoolPath = "<site>\\Home\\Bin\\Qvx3DCool.exe";
-const std::string kNoPreviousShot = " -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\"";
+const std::string kNoPreviousShot =
+    " -prevshot 0 -prevproject \" \" -prevrun \"00\" -prevname \" \"";
 
 /// Arguments of one pass; the option value of the tokens is 3.
 std::string Arguments(const std::string& home, const std::string& project, int option,
@@ -25,11 +27,11 @@ std::string LocalArguments(int option, const std::string& rest) {
   return Arguments("<site>\\Home", "<site>\\Work\\Sample", option, rest);
 }
 
-RunPlan ConformalPlan(const std::string& cmx, const std::string& script) {
-  return {.solver = "Qvx3DCool.exe", .cmx = cmx + kConformal, .script = script};
-}
-
-const PlannedRun kSerial(ConformalPlan(kSerialCmx, "command-line;flush;exit 4"));
+const PlannedRun kSerial({
+    .solver = "Qvx3DCool.exe",
+    .cmx = kSerialCmx + kConformal,
+    .script = "command-line;flush;exit 4",
+});
 
 TEST(ConformalCooling, RunsTheFlowSolverAndThenTheCoolingSolver) {
   const std::string flow = kFlowPath + " " + LocalArguments(2, kSerialSettings);
@@ -48,7 +50,7 @@ const PlannedRun kFirstFails({
     .solver = "Qvx3DCool.exe",
     .cmx = kSerialCmx + kConformal,
     .script = "print cool;flush",
-    .environment = {{"QUORVEX_FAKE_SOLVER_QVX3DFLOW", "print flow;flush;exit 3"}},
+    .scripts = {{"Qvx3DFlow", "print flow;flush;exit 3"}},
 });
 
 TEST(ConformalCooling, GoesOnAfterAFirstPassThatFailed) {
@@ -60,29 +62,48 @@ TEST(ConformalCooling, GoesOnAfterAFirstPassThatFailed) {
 const std::string kBanner = "Launch parallel computing\r\n";
 const std::string kImpiexec = "C:\\NODE1\\mpi\\impiexec.exe";
 
-const PlannedRun kSmp(ConformalPlan(kSmpCmx, "rank 0 command-line;flush"));
+/// Both passes, each of which ends once the console shows its arguments.
+RunPlan ParallelPlan(const std::string& cmx, const std::string& flow, const std::string& cool) {
+  return {
+      .solver = "Qvx3DCool.exe",
+      .cmx = cmx + kConformal,
+      .scripts = {{"Qvx3DFlow", "rank 0 print flow;rank 0 args;flush;await <site>\\flow"},
+                  {"Qvx3DCool", "rank 0 print cool;rank 0 args;flush;await <site>\\cool"}},
+      .meanwhile = [flow, cool](LauncherProcess& launcher, const Site& site) -> std::string {
+        const std::string complaint = LetGoOnceShown(flow, "flow")(launcher, site);
+        return complaint + LetGoOnceShown(cool, "cool")(launcher, site);
+      },
+  };
+}
+
+void ExpectBothPasses(const PlannedRun& run, const std::string& flow, const std::string& cool) {
+  EXPECT_EQ(run->complaint, "");
+  EXPECT_EQ(run->output, ConsoleOf(kBanner, flow, kImpiexec, 0) +
+                             ConsoleOf(kBanner, cool, kImpiexec, 0) + kCountdown);
+}
+
+const std::string kSmpSettings = "-parallel 1 -processes 2 -weights 0.5,0.5";
+const std::string kSmpFlow = "flow\r\n" + ArgumentLines("p " + LocalArguments(2, kSmpSettings));
+const std::string kSmpCool =
+    "cool\r\n" + ArgumentLines("p " + LocalArguments(3, kSmpSettings + kNoPreviousShot));
+const PlannedRun kSmp(ParallelPlan(kSmpCmx, kSmpFlow, kSmpCool));
 
 TEST(ConformalCooling, RunsBothPassesInSharedMemory) {
-  const std::string settings = "-parallel 1 -processes 2 -weights 0.5,0.5";
-  const std::string flow = "\"" + kFlowPath + "\" " + LocalArguments(2, settings);
-  const std::string cool = "\"" + kCoolPath + "\" " + LocalArguments(3, settings + kNoPreviousShot);
-  EXPECT_EQ(kSmp->output, ConsoleOf(kBanner, flow + "\r\n", kImpiexec, 0) +
-                              ConsoleOf(kBanner, cool + "\r\n", kImpiexec, 0) + kCountdown);
+  ExpectBothPasses(kSmp, kSmpFlow, kSmpCool);
   EXPECT_EQ(kSmp->logs.size(), 2U);
 }
 
-const PlannedRun kDmp(ConformalPlan(kDmpCmx, "rank 0 command-line;flush"));
+std::string SharedArguments(int option, const std::string& rest) {
+  return ArgumentLines("p " + Arguments("<share>\\Home", "<share>\\Work\\sample", option,
+                                        "-parallel 2 -processes 3 -weights 0.3,0.3,0.4" + rest));
+}
+
+const std::string kDmpFlow = "flow\r\n" + SharedArguments(2, "");
+const std::string kDmpCool = "cool\r\n" + SharedArguments(3, kNoPreviousShot);
+const PlannedRun kDmp(ParallelPlan(kDmpCmx, kDmpFlow, kDmpCool));
 
 TEST(ConformalCooling, MovesBothPassesToTheShare) {
-  const std::string settings = "-parallel 2 -processes 3 -weights 0.3,0.3,0.4";
-  const auto command = [&](const std::string& solver, int option, const std::string& rest) {
-    return "\"<share>\\Home\\Bin\\" + solver + "\" " +
-           Arguments("<share>\\Home", "<share>\\Work\\sample", option, settings + rest);
-  };
-  const std::string flow = command("Qvx3DFlow.exe", 2, "");
-  const std::string cool = command("Qvx3DCool.exe", 3, kNoPreviousShot);
-  EXPECT_EQ(kDmp->output, ConsoleOf(kBanner, flow + "\r\n", kImpiexec, 0) +
-                              ConsoleOf(kBanner, cool + "\r\n", kImpiexec, 0) + kCountdown);
+  ExpectBothPasses(kDmp, kDmpFlow, kDmpCool);
   EXPECT_EQ(kDmp->logs.count("console_redirect_dmp_Flow_<time>.txt"), 1U);
   EXPECT_EQ(kDmp->logs.count("console_redirect_dmp_Cool_<time>.txt"), 1U);
 }

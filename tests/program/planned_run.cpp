@@ -51,6 +51,12 @@ PlannedRun::~PlannedRun() = default;
 void PlannedRun::LayOut() {
   site_ = std::make_unique<Site>();
   site_->InstallSolver(plan_.solver);
+  // In files, because a distributed run's solvers do not get the launcher's environment.
+  plan_.scripts.emplace("Qvx3DFlow", plan_.script);
+  plan_.scripts.emplace(plan_.solver.substr(0, plan_.solver.find('.')), plan_.script);
+  for (const auto& [solver, script] : plan_.scripts) {
+    site_->Write("Home\\Bin\\" + solver + ".script", site_->Specific(script));
+  }
   site_->WriteCmx(plan_.cmx);
   if (plan_.prepare) plan_.prepare(*site_);
 }

@@ -40,6 +40,8 @@ struct RunPlan {
   std::string solver = "Qvx3DFlow.exe";
   std::string cmx = kSerialCmx;
   std::string script = "command-line;flush";  ///< of the stand-in solver
+  /// Of single solvers, by their names without ".exe".
+  std::map<std::string, std::string> scripts = {};
   std::string firstArgument = "L$1";
   /// Behind the first; by default tokens and solver.
   std::optional<std::vector<std::string>> arguments = std::nullopt;

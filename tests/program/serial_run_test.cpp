@@ -124,7 +124,7 @@ TEST(SerialRun, KeepsBlanksAndQuotesOfTheProjectName) {
   EXPECT_EQ(kBlanks->output,
             SerialConsole("argument 1: -home\r\nargument 2: <site>\\Home\r\n"
                           "argument 3: -project\r\nargument 4: <site>\\Work\\Sample\r\n"
-                          "argument 5: -name\r\nargument 6: My \"part\" 1\\\r\n"
+                          "argument 5: -name\r\nargument 6: My \"part\" 1\\ \r\n"
                           "argument 7: -run\r\nargument 8: 01\r\n",
                           "<site>\\Home\\Bin\\QvxOptics.exe", 0) +
                 kCountdown);

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "tests/program/planned_run.h"
+#include "tests/program/under_launcher.h"
 
 namespace qvx::test {
 namespace {
@@ -21,20 +22,20 @@ constexpr ClassFacts kParallelClasses[] = {
     {"Qvx3DFlow.exe", "Flow", "-molding 1 -option 0 %p"},
     {"Qvx3DPack.exe", "Pack", "-molding 1 -option 0 %p"},
     {"Qvx3DCool.exe", "Cool",
-     "-molding 1 -option 3 %p -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\""},
+     "-molding 1 -option 3 %p -prevshot 0 -prevproject \" \" -prevrun \"00\" -prevname \" \""},
     {"Qvx3DWarp.exe", "Warp",
-     "-molding 1 -option 3 %p -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\" "
+     "-molding 1 -option 3 %p -prevshot 0 -prevproject \" \" -prevrun \"00\" -prevname \" \" "
      "-option2 0"},
     {"QvxStress.exe", "Stress",
-     "-molding 1 -option 3 %p -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\" "
+     "-molding 1 -option 3 %p -prevshot 0 -prevproject \" \" -prevrun \"00\" -prevname \" \" "
      "-option2 3"},
 };
 
 constexpr ClassFacts kShellClasses[] = {
-    {"QvxFlow.exe", "ShellFlow", "-option 3 -extra \"a\" -extra \"\" -extra \"\""},
-    {"QvxPack.exe", "ShellPack", "-option 3 -extra \"a\" -extra \"\" -extra \"\""},
-    {"QvxCool.exe", "ShellCool", "-option 3 -extra \"a\" -extra \"\" -extra \"\""},
-    {"QvxWarp.exe", "ShellWarp", "-option 3 -extra \"a\" -extra \"\" -extra \"\""},
+    {"QvxFlow.exe", "ShellFlow", "-option 3 -extra \"a\" -extra \" \" -extra \" \""},
+    {"QvxPack.exe", "ShellPack", "-option 3 -extra \"a\" -extra \" \" -extra \" \""},
+    {"QvxCool.exe", "ShellCool", "-option 3 -extra \"a\" -extra \" \" -extra \" \""},
+    {"QvxWarp.exe", "ShellWarp", "-option 3 -extra \"a\" -extra \" \" -extra \" \""},
 };
 
 constexpr ClassFacts kOtherClasses[] = {
@@ -48,6 +49,10 @@ struct Mode {
   const char* name;
   const char* cmx;
   const char* settings;
+
+  bool IsSerial() const { return name == std::string("serial"); }
+  bool IsDistributed() const { return name == std::string("dmp"); }
+  const char* Site() const { return IsDistributed() ? "<share>" : "<site>"; }
 };
 
 constexpr Mode kSerial = {"serial", kSerialCmx, "-parallel 0 -processes 1"};
@@ -64,19 +69,12 @@ class ClassRun {
 
   void Check() const {
     SCOPED_TRACE(std::string(facts_.solver) + " " + mode_.name);
-    const bool serial = mode_.name == std::string("serial");
-    const bool dmp = mode_.name == std::string("dmp");
-    const std::string site = dmp ? "<share>" : "<site>";
-    const std::string path = site + "\\Home\\Bin\\" + facts_.solver;
-    const std::string rest = Replaced(facts_.arguments, "%p", mode_.settings);
-    const std::string child =
-        (serial ? path : "\"" + path + "\"") + " -home \"" + site + "\\Home\" -project \"" + site +
-        (dmp ? "\\Work\\sample" : "\\Work\\Sample") + "\" -name \"Sample\" -run \"01\"" +
-        (rest.empty() ? "" : " ") + rest + "\r\n";
-    EXPECT_EQ(run_->output,
-              ConsoleOf(serial ? "Launch serial computing\r\n" : "Launch parallel computing\r\n",
-                        child, serial ? path : kImpiexec, 6) +
-                  kCountdown);
+    EXPECT_EQ(run_->complaint, "");
+    EXPECT_EQ(run_->output, ConsoleOf(mode_.IsSerial() ? "Launch serial computing\r\n"
+                                                       : "Launch parallel computing\r\n",
+                                      Child(facts_, mode_),
+                                      mode_.IsSerial() ? Path(facts_, mode_) : kImpiexec, 6) +
+                                kCountdown);
     EXPECT_EQ(run_->status, 6);
     ASSERT_EQ(run_->logs.size(), 1U);
     EXPECT_EQ(run_->logs.begin()->first,
@@ -84,10 +82,29 @@ class ClassRun {
   }
 
  private:
+  static std::string Path(const ClassFacts& facts, const Mode& mode) {
+    return std::string(mode.Site()) + "\\Home\\Bin\\" + facts.solver;
+  }
+
+  /// What the solver prints.
+  static std::string Child(const ClassFacts& facts, const Mode& mode) {
+    const std::string site = mode.Site();
+    const std::string rest = Replaced(facts.arguments, "%p", mode.settings);
+    const std::string commandLine =
+        Path(facts, mode) + " -home \"" + site + "\\Home\" -project \"" + site +
+        (mode.IsDistributed() ? "\\Work\\sample" : "\\Work\\Sample") +
+        "\" -name \"Sample\" -run \"01\"" + (rest.empty() ? "" : " ") + rest;
+    return mode.IsSerial() ? commandLine + "\r\n" : ArgumentLines(commandLine);
+  }
+
   static RunPlan Plan(const ClassFacts& facts, const Mode& mode, bool tokensInFirstArgument) {
-    const std::string command =
-        mode.name == std::string("serial") ? "command-line;" : "rank 1 command-line;";
-    RunPlan plan = {.solver = facts.solver, .cmx = mode.cmx, .script = command + "flush;exit 6"};
+    RunPlan plan = {.solver = facts.solver, .cmx = mode.cmx};
+    if (mode.IsSerial()) {
+      plan.script = "command-line;flush;exit 6";
+    } else {
+      plan.script = "rank 1 args" + kAwaitShown + "exit 6";
+      plan.meanwhile = LetGoOnceShown(Child(facts, mode));
+    }
     if (tokensInFirstArgument) {
       plan.firstArgument = std::string("L$1*") + Replaced(kTokens, "*01", "*1*a");
       plan.arguments = {"-", facts.solver};

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/planned_run.h"
+#include "tests/program/under_launcher.h"
 
 namespace qvx::test {
 namespace {
@@ -67,7 +68,8 @@ TEST(Trace, OfASerialRun) {
 
 const PlannedRun kSmp({.machine = Machine::Traced,
                        .cmx = kSmpCmx,
-                       .script = "rank 0 print x;flush"});
+                       .script = "rank 0 print up" + kAwaitShown,
+                       .meanwhile = LetGoOnceShown("up\r\n")});
 
 TEST(Trace, OfASharedMemoryRun) {
   const std::string arguments = FlowArguments("-parallel 1 -processes 2 -weights 0.5,0.5");
@@ -77,13 +79,14 @@ TEST(Trace, OfASharedMemoryRun) {
                               ConsoleOf(LaunchTrace("Launch parallel computing\r\n",
                                                     kImpiexec + " -env 0 0 -localonly -n 2  \"" +
                                                         kFlowPath + "\" " + arguments),
-                                        "x\r\n", kImpiexec, 0) +
+                                        "up\r\n", kImpiexec, 0) +
                               kCountdown);
 }
 
 const PlannedRun kDmp({.machine = Machine::Traced,
                        .cmx = kDmpCmx,
-                       .script = "rank 0 print x;flush"});
+                       .script = "rank 0 print up" + kAwaitShown,
+                       .meanwhile = LetGoOnceShown("up\r\n")});
 
 TEST(Trace, OfADistributedRun) {
   const std::string arguments =
@@ -122,7 +125,7 @@ TEST(Trace, OfADistributedRun) {
                                           " -env 0 0 -hosts 2 NODE1 2 NODE2 1   "
                                           "\"<share>\\Home\\Bin\\Qvx3DFlow.exe\" " +
                                           arguments),
-                          "x\r\n", kImpiexec, 0) +
+                          "up\r\n", kImpiexec, 0) +
                 kCountdown);
 }
 
@@ -147,7 +150,7 @@ TEST(Trace, OfAConformalCoolingRun) {
           "Flag3DSolidCoolingChannel=1\r\nm_bIsConformalCooling=true\r\n" +
           pass(kFlowPath, Replaced(FlowArguments(kSerialSettings), "-option 0", "-option 2")) +
           pass(coolPath, Replaced(FlowArguments(kSerialSettings), "-option 0", "-option 3") +
-                             " -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\"") +
+                             " -prevshot 0 -prevproject \" \" -prevrun \"00\" -prevname \" \"") +
           kCountdown);
 }
 
@@ -163,7 +166,7 @@ TEST(Trace, OfAShellRunNamesNoComputeMode) {
   const std::string path = "<site>\\Home\\Bin\\QvxFlow.exe";
   const std::string arguments =
       "-home \"<site>\\Home\" -project \"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" "
-      "-option 3 -extra \"a\" -extra \"\" -extra \"\"";
+      "-option 3 -extra \"a\" -extra \" \" -extra \" \"";
   EXPECT_EQ(kShell->output,
             "argv[0]=[L$1*<site>\\Home\\*<site>\\Work\\Sample*Sample*3*1*a]\r\n"
             "argv[1]=[-]\r\nargv[2]=[QvxFlow.exe]\r\n\r\n"

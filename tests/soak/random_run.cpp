@@ -6,31 +6,30 @@
 #include <random>
 #include <vector>
 
+#include "tests/plain/plain_run.h"
+#include "tests/program/under_launcher.h"
+
 namespace qvx::test {
 namespace {
-
-// Not a std::string: the runs are planned while objects of other files may not be there yet.
-constexpr const char* kImpiexec = "C:\\NODE1\\mpi\\impiexec.exe";
 
 enum class Arguments { Flow, Shot, Shell, Plain };
 
 struct Family {
   const char* solver;
-  const char* label;
   Arguments arguments;
 };
 
 constexpr Family kFamilies[] = {
-    {"Qvx3DFlow.exe", "Flow", Arguments::Flow},     {"Qvx3DPack.exe", "Pack", Arguments::Flow},
-    {"Qvx3DCool.exe", "Cool", Arguments::Shot},     {"Qvx3DWarp.exe", "Warp", Arguments::Shot},
-    {"QvxStress.exe", "Stress", Arguments::Shot},   {"QvxFlow.exe", "ShellFlow", Arguments::Shell},
-    {"QvxPack.exe", "ShellPack", Arguments::Shell}, {"QvxCool.exe", "ShellCool", Arguments::Shell},
-    {"QvxWarp.exe", "ShellWarp", Arguments::Shell}, {"Ic.exe", "IC", Arguments::Plain},
-    {"qvx3dic.exe", "WS", Arguments::Plain},        {"qvx3dicps.exe", "PS", Arguments::Plain},
-    {"QvxOptics.exe", "Optics", Arguments::Plain},
+    {"Qvx3DFlow.exe", Arguments::Flow},  {"Qvx3DPack.exe", Arguments::Flow},
+    {"Qvx3DCool.exe", Arguments::Shot},  {"Qvx3DWarp.exe", Arguments::Shot},
+    {"QvxStress.exe", Arguments::Shot},  {"QvxFlow.exe", Arguments::Shell},
+    {"QvxPack.exe", Arguments::Shell},   {"QvxCool.exe", Arguments::Shell},
+    {"QvxWarp.exe", Arguments::Shell},   {"Ic.exe", Arguments::Plain},
+    {"qvx3dic.exe", Arguments::Plain},   {"qvx3dicps.exe", Arguments::Plain},
+    {"QvxOptics.exe", Arguments::Plain},
 };
 
-struct Machine {
+struct Node {
   std::string host;
   int tasks;
   double weighting;
@@ -39,12 +38,6 @@ struct Machine {
 std::string Short(double number) {
   std::array<char, 32> text;
   std::snprintf(text.data(), text.size(), "%g", number);
-  return text.data();
-}
-
-std::string TwoDigits(int number) {
-  std::array<char, 32> text;
-  std::snprintf(text.data(), text.size(), "%02d", number);
   return text.data();
 }
 
@@ -79,8 +72,8 @@ class Generator {
     option_ = Below(2) == 0 ? 3 : static_cast<int>(Below(2000)) - 1000;
     tasks_ = static_cast<int>(Below(4)) + 1;
     for (std::size_t i = Below(3) + 1; mode_ == 2 && i > 0; --i) {
-      machines_.push_back({"NODE" + std::to_string(i), static_cast<int>(Below(3)) + 1,
-                           static_cast<double>(Below(1000)) / 1000});
+      nodes_.push_back({"NODE" + std::to_string(i), static_cast<int>(Below(3)) + 1,
+                        static_cast<double>(Below(1000)) / 1000});
     }
     if (hasShot && Below(2) == 0) shotProject_ = "D:\\Shots\\no " + std::to_string(Below(100));
 
@@ -91,11 +84,21 @@ class Generator {
     run.plan.cmx = CmxFile();
     PlanArguments(family, run.plan);
     const Output output = MakeOutput();
-    run.plan.script = Rank() + "command-line;flush;" + output.script +
-                      (run.status == 0 ? "" : "exit " + std::to_string(run.status));
-    if (conformal_) ExpectPass(kFamilies[0], Flow(), output, run);
-    ExpectPass(family, Rest(family), output, run);
-    run.output += kCountdown;
+    run.plan.script = Script(output, "own", run.status);
+    if (conformal_) run.plan.scripts = {{"Qvx3DFlow", Script(output, "flow", run.status)}};
+    run.plan.machine = Below(4) == 0 ? Machine::Traced : Machine::Plain;
+    Expect(output, run);
+    if (mode_ != 0) {
+      run.plan.meanwhile = [shown = shown_](LauncherProcess& launcher,
+                                            const Site& site) -> std::string {
+        std::string complaint;
+        for (std::size_t pass = 0; pass < shown.size(); ++pass) {
+          const bool isLast = pass + 1 == shown.size();
+          complaint += LetGoOnceShown(shown[pass], isLast ? "own" : "flow")(launcher, site);
+        }
+        return complaint;
+      };
+    }
     return run;
   }
 
@@ -104,6 +107,13 @@ class Generator {
 
   /// In a parallel run one process prints; the process launcher passes it on.
   std::string Rank() const { return mode_ == 0 ? "" : "rank 0 "; }
+
+  /// Under the process launcher a pass ends when `file` is there, see under_launcher.h.
+  std::string Script(const Output& output, const std::string& file, int status) const {
+    return (mode_ == 0 ? "command-line;" : "rank 0 args;") + ("flush;" + output.script) +
+           (mode_ == 0 ? "" : "await <site>\\" + file + ";") +
+           (status == 0 ? "" : "exit " + std::to_string(status));
+  }
 
   Output MakeOutput() {
     Output output;
@@ -160,14 +170,14 @@ class Generator {
     std::string remote =
         "<REMOTE_MACHINES>|ValueLocalHost=NODE1|ValueShareFolderName=<name>\\Work|"
         "ValueParallelWorkingFolder=<site>\\WORK|ValueNoMachine=" +
-        std::to_string(machines_.size()) + "|";
-    if (!machines_.empty()) {
+        std::to_string(nodes_.size()) + "|";
+    if (!nodes_.empty()) {
       remote += "ValueMachineSetting|";
-      for (const Machine& machine : machines_) {
-        remote += "m=" + machine.host + "\t" + std::to_string(machine.tasks) + "|";
+      for (const Node& node : nodes_) {
+        remote += "m=" + node.host + "\t" + std::to_string(node.tasks) + "|";
       }
       remote += "ValueMachineWeighting|";
-      for (const Machine& machine : machines_) remote += "w=" + Short(machine.weighting) + " x|";
+      for (const Node& node : nodes_) remote += "w=" + Short(node.weighting) + " x|";
     }
     sections.push_back(remote + "</REMOTE_MACHINES>|");
     std::ranges::shuffle(sections, random_);
@@ -181,98 +191,49 @@ class Generator {
         "<site>\\Home*<site>\\Work\\Sample*Sample*" + std::to_string(option_);
     plan.firstArgument = "L$" + std::to_string(moldingType_);
     if (family.arguments == Arguments::Shell) {
-      plan.firstArgument += "*" + tokens + "*1*an extra text";
+      // The trace shows seven characters behind the "$": no half <site> should be among them.
+      plan.firstArgument += " of a shell*" + tokens + "*1*an extra text";
       plan.arguments = {"-", family.solver};
     } else {
       plan.arguments = {tokens + "*01", family.solver};
     }
   }
 
-  std::string Parallel() const {
-    if (mode_ == 0) return "-parallel 0 -processes 1";
-    std::string weights;
-    int processes = tasks_;
-    if (mode_ == 1) {
-      for (int i = 0; i < tasks_; ++i) weights += "," + Short(1.0 / tasks_);
-    } else {
-      processes = 0;
-      for (const Machine& machine : machines_) {
-        processes += machine.tasks;
-        for (int i = 0; i < machine.tasks; ++i) {
-          weights += "," + Short(machine.weighting / machine.tasks);
-        }
-      }
+  /// What the plain formulation says of the plan. Its texts hold <site> and the like too.
+  void Expect(const Output& output, RandomRun& run) {
+    std::vector<std::string> arguments = run.plan.arguments.value();
+    arguments.insert(arguments.begin(), run.plan.firstArgument);
+    const plain::Run expected =
+        plain::PlainRun(arguments, {.cmx = run.plan.cmx,
+                                    .parallelFolder = "<name>\\Home",
+                                    .mpiPath = "C:\\NODE1\\mpi",
+                                    .isTraced = run.plan.machine == Machine::Traced});
+    run.output = expected.console;
+    for (const plain::Pass& pass : expected.passes) {
+      // In a parallel run the solver's line begins with its quoted path.
+      const std::string solverLine = Shared(
+          pass.mode == 0 ? pass.commandLine : pass.commandLine.substr(pass.commandLine.find('"')));
+      const std::string printed = pass.mode == 0 ? solverLine + "\r\n" : ArgumentLines(solverLine);
+      shown_.push_back(printed + output.shown);
+      const std::string ending =
+          ">>> Return value of " + pass.reportedPath + " = " + std::to_string(run.status) + "\n";
+      run.output +=
+          pass.prepared + pass.launched + Replaced(printed, "\r\n", "\n") + kChild + "\n" + ending;
+      const std::string name = pass.logPath.substr(pass.logPath.rfind('\\') + 1) + "<time>.txt";
+      run.logs[Shared(name)] = Shared(pass.logHeading) + printed + output.logged +
+                               Shared(Replaced(ending, "\n", "\r\n"));
     }
-    return "-parallel " + std::to_string(mode_) + " -processes " + std::to_string(processes) +
-           " -weights " + weights.substr(1);
+    run.output = Shared(Replaced(run.output, "\n", "\r\n"));
+    run.output = Replaced(run.output, kChild, output.shown) + kCountdown;
   }
 
-  std::string Molding(int option) const {
-    return " -molding " + std::to_string(moldingType_) + " -option " + std::to_string(option) +
-           " " + Parallel();
+  /// <share> is the site on the machine \\NODE1.
+  static std::string Shared(const std::string& text) {
+    return Replaced(text, "\\\\NODE1\\<name>", "<share>");
   }
 
-  /// The flow solver's pass before a conformal-cooling run's own.
-  std::string Flow() const { return Molding(option_ == 3 ? 2 : 1); }
-
-  std::string Rest(const Family& family) const {
-    const std::string option = std::to_string(option_);
-    switch (family.arguments) {
-      case Arguments::Flow:
-        return Molding(0);
-      case Arguments::Shell:
-        return " -option " + option + " -extra \"an extra text\" -extra \"\" -extra \"\"";
-      case Arguments::Shot:
-        return Molding(option_) +
-               (shotProject_.empty()
-                    ? " -prevshot 0 -prevproject \"\" -prevrun \"00\" -prevname \"\""
-                    : " -prevshot 1 -prevproject \"" + shotProject_ + "\" -prevrun \"" +
-                          TwoDigits(7) + "\" -prevname \"First\"") +
-               SecondOption(family);
-      case Arguments::Plain:
-      default:
-        return "";
-    }
-  }
-
-  std::string SecondOption(const Family& family) const {
-    const std::string label = family.label;
-    if (label == "Cool") return "";
-    return " -option2 " + std::to_string(label == "Stress" ? option_ : 0);
-  }
-
-  void ExpectPass(const Family& family, const std::string& rest, const Output& output,
-                  RandomRun& run) const {
-    const char* const modes[] = {"serial", "smp", "dmp"};
-    const std::string site = mode_ == 2 ? "<share>" : "<site>";
-    const std::string path = site + "\\Home\\Bin\\" + family.solver;
-    const std::string arguments = " -home \"" + site + "\\Home\" -project \"" + site +
-                                  (mode_ == 2 ? "\\Work\\sample" : "\\Work\\Sample") +
-                                  "\" -name \"Sample\" -run \"01\"" + rest;
-    const std::string solverLine = (mode_ == 0 ? path : "\"" + path + "\"") + arguments;
-    const std::string reported = mode_ == 0 ? path : kImpiexec;
-    std::string commandLine = solverLine;
-    std::string heading;
-    if (mode_ == 1) {
-      commandLine = std::string(kImpiexec) + " -env 0 0 -localonly -n " + std::to_string(tasks_) +
-                    "  " + solverLine;
-    }
-    if (mode_ == 2) {
-      std::string hosts = "-hosts " + std::to_string(machines_.size()) + " ";
-      heading = "Used compute nodes:\r\n";
-      for (const Machine& machine : machines_) {
-        hosts += machine.host + " " + std::to_string(machine.tasks) + " ";
-        heading += machine.host + ":" + std::to_string(machine.tasks) + "\r\n";
-      }
-      heading += "\r\n";
-      commandLine = std::string(kImpiexec) + " -env 0 0 " + hosts + "  " + solverLine;
-    }
-    run.output +=
-        ConsoleOf(mode_ == 0 ? "Launch serial computing\r\n" : "Launch parallel computing\r\n",
-                  solverLine + "\r\n" + output.shown, reported, run.status);
-    run.logs[std::string("console_redirect_") + modes[mode_] + "_" + family.label + "_<time>.txt"] =
-        heading + LogOf(commandLine, solverLine + "\r\n" + output.logged, reported, run.status);
-  }
+  /// Stands for the child's output.
+  static constexpr const char* kChild = "<child>";
 
   std::mt19937 random_;
   int mode_ = 0;
@@ -280,8 +241,9 @@ class Generator {
   int moldingType_ = 0;
   int option_ = 0;
   int tasks_ = 0;
-  std::vector<Machine> machines_;
+  std::vector<Node> nodes_;
   std::string shotProject_;
+  std::vector<std::string> shown_;  ///< by each pass's solver
 };
 
 }  // namespace

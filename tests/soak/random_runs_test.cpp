@@ -39,7 +39,8 @@ class RandomRuns : public testing::TestWithParam<unsigned> {};
 TEST_P(RandomRuns, ShowLogAndReturnWhatTheirSettingsSay) {
   SCOPED_TRACE("seed " + std::to_string(Seed()));
   const auto& [expected, run] = kCases[GetParam() - kFirst];
-  EXPECT_EQ((*run)->output, expected.output);
+  // The trace shows paths in lower case too.
+  EXPECT_EQ(Replaced((*run)->output, "c:\\node1\\<name>", "<site>"), expected.output);
   EXPECT_EQ((*run)->error, "");
   EXPECT_EQ((*run)->status, expected.status);
   EXPECT_EQ((*run)->logs, expected.logs);

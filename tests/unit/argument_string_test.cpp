@@ -36,8 +36,8 @@ struct ArgumentString : testing::Test {
 
 TEST_F(ArgumentString, IsMadeOfTheRecordOfTheSolverClass) {
   const std::string run = " -molding 0 -option 0 -parallel 0 -processes 0";
-  const std::string shot = " -prevshot 0 -prevproject \"\" -prevrun \"\" -prevname \"\"";
-  const std::string shell = " -option 0 -extra \"\" -extra \"\" -extra \"\"";
+  const std::string shot = " -prevshot 0 -prevproject \" \" -prevrun \" \" -prevname \" \"";
+  const std::string shell = " -option 0 -extra \" \" -extra \" \" -extra \" \"";
   const struct {
     SolverClass solverClass;
     const char* projectName;
@@ -59,15 +59,15 @@ TEST_F(ArgumentString, IsMadeOfTheRecordOfTheSolverClass) {
   };
   for (const auto& [solverClass, projectName, options] : cases) {
     EXPECT_EQ(Build(solverClass), "");
-    EXPECT_EQ(context.solverArgumentString, std::string("-home \"\" -project \"\" -name \"") +
-                                                projectName + "\" -run \"\"" + options);
+    EXPECT_EQ(context.solverArgumentString, std::string("-home \" \" -project \" \" -name \"") +
+                                                projectName + "\" -run \" \"" + options);
   }
 }
 
 TEST_F(ArgumentString, IsTraced) {
   context.debugTraceFlag = 1;
   EXPECT_EQ(Build(SolverClass::PS),
-            "Solver arguments = [-home \"\" -project \"\" -name \"ic\" -run \"\"]\n");
+            "Solver arguments = [-home \" \" -project \" \" -name \"ic\" -run \" \"]\n");
 }
 
 TEST_F(ArgumentString, IsTracedButNotMadeOutsideTheClasses) {

@@ -107,14 +107,24 @@ TEST(SolverArgumentTool, WritesTheRecordsOfTextsAlone) {
 
 TEST(SolverArgumentTool, QuotesWhatTheCRuntimeWouldRead) {
   CQVXOpticsArgument record;
-  CopyText(record.homeFolder, "", "C:\\Q\\");
+  CopyText(record.homeFolder, "", "C:\\Q x");
+  CopyText(record.projectDirectory, "", ":x");
   CopyText(record.projectName, "", "a\\\"b");
+  CopyText(record.runNumber, "", "01");
   EXPECT_STREQ(CQVXSolverArgumentTool().CreateOpticsArgument(record),
-               "-home \"C:\\Q\\\\\" -project \"\" -name \"a\\\\\\\"b\" -run \"\"");
+               "-home \"C:\\Q x\" -project \":x\" -name \"a\\\\\\\"b\" -run \"01\"");
+}
+
+TEST(SolverArgumentTool, PutsABlankBehindATextThatAProcessLauncherWouldSpoil) {
+  CQVXOpticsArgument record;
+  CopyText(record.homeFolder, "", "C:\\Q\\");
+  CopyText(record.projectName, "", ":");
+  EXPECT_STREQ(CQVXSolverArgumentTool().CreateOpticsArgument(record),
+               "-home \"C:\\Q\\ \" -project \" \" -name \": \" -run \" \"");
 }
 
 TEST(SolverArgumentTool, LeavesWeightsOutThatAreNotThere) {
-  const std::string run = "-home \"\" -project \"\" -name \"\" -run \"\" -molding 0 -option 0";
+  const std::string run = "-home \" \" -project \" \" -name \" \" -run \" \" -molding 0 -option 0";
   CQVXFlowFlowEPackArgument record;
   record.processCount = 2;
   EXPECT_EQ(CQVXSolverArgumentTool().CreateFlowFlowEPackArgument(record),
@@ -141,14 +151,14 @@ TEST(SolverArgumentTool, CutsWhatLeavesNoRoomForTheMarkOfACut) {
   CopyText(record.projectDirectory, "", longest);
   CopyText(record.extraTexts[0], "", longest);
   const std::string before = "-home \"" + longest + "\" -project \"" + longest +
-                             "\" -name \"\" -run \"\" -option 0 -extra \"" + longest + "\"";
-  const std::string last(4095 - before.size() - std::strlen(" -extra \"\" -extra \"\" -cut"), 'x');
+                             "\" -name \" \" -run \" \" -option 0 -extra \"" + longest + "\"";
+  const std::string last(4095 - before.size() - std::strlen(" -extra \" \" -extra \"\" -cut"), 'x');
   CopyText(record.extraTexts[2], "", last);
   EXPECT_EQ(CQVXSolverArgumentTool().CreateShellFlowPackArgument(record),
-            before + " -extra \"\" -extra \"" + last + "\"");
+            before + " -extra \" \" -extra \"" + last + "\"");
   CopyText(record.extraTexts[2], "", last + "x");
   EXPECT_EQ(CQVXSolverArgumentTool().CreateShellFlowPackArgument(record),
-            before + " -extra \"\" -cut");
+            before + " -extra \" \" -cut");
 }
 
 /// Holds for a record without the group too.

@@ -100,7 +100,7 @@ TEST_F(RunDriverTest, PreparesTheRecordAndTheArgumentsInThatOrder) {
   ExpectDecision("ComputeMode=SMP\r\n", ComputeMode::Smp);
   EXPECT_EQ(context.solverArgumentString,
             "-home \"" + home + "\" -project \"" + folder.Path("Project") +
-                "\" -name \"\" -run \"01\" -molding 0 -option 0 -parallel 1 -processes 2 -weights "
+                "\" -name \" \" -run \"01\" -molding 0 -option 0 -parallel 1 -processes 2 -weights "
                 "0.5,0.5");
 }
 

@@ -77,7 +77,7 @@ TEST_F(SmpLaunch, PassesTheTaskCountAsItStands) {
 TEST_F(SmpLaunch, StartsTheSolversUnderTheProcessLauncher) {
   Install("impiexec.exe", impiexec);
   CopyText(context.taskManagerSettings.ValueNoTask, "ValueNoTask", "2");
-  ExpectRun("rank 1 exit 7", "", 7, "2");
+  ExpectRun("exit 7", "", 7, "2");
 }
 
 TEST_F(SmpLaunch, TracesTheCommandLine) {

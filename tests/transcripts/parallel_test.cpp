@@ -1,0 +1,105 @@
+// Shared-memory and distributed runs.
+#include <gtest/gtest.h>
+
+#include "tests/transcripts/run.h"
+#include "tests/transcripts/scenarios.h"
+
+namespace qvx::test {
+namespace {
+
+const std::string kShareRunFolder = R"(\\NODE1\Projects\part\Analysis\Run03)";
+const std::string kOtherTime = "2024-01-01_00-00-00.txt";
+
+TEST(Transcript, OfASharedMemoryRun) {
+  Scenario scenario = SmpRun();
+  scenario.oldLogs = {{kRunFolder + "\\console_redirect_smp_Flow_" + kOtherTime},
+                      {kRunFolder + "\\console_redirect_dmp_Flow_" + kOtherTime}};
+  ExpectTranscript("shared-memory", scenario);
+}
+
+TEST(Transcript, OfATracedSharedMemoryRun) {
+  ExpectTranscript("shared-memory-traced", Traced(SmpRun()));
+}
+
+TEST(Transcript, OfASharedMemoryRunWithoutProcessManager) {
+  Scenario scenario = SmpRun();
+  scenario.children = {{.output = {"a line\r\n", "impiexec: Unknown option: -d", "never read"}}};
+  ExpectTranscript("shared-memory-without-process-manager", scenario);
+}
+
+/// Nor can the MPI process launcher be ended, nor is there a log.
+TEST(Transcript, OfNoProcessManagerAndNoLog) {
+  Scenario scenario = SmpRun();
+  scenario.children = {{.output = {"Unknown option: -d\r\n", "never read"}, .exitCode = 1}};
+  scenario.failures = {{{"TerminateProcess", 1}, ERROR_ACCESS_DENIED},
+                       {{"CreateFileA", 1}, ERROR_PATH_NOT_FOUND}};
+  ExpectTranscript("shared-memory-without-process-manager-and-log", scenario);
+}
+
+/// Cut short, in another case, behind a zero byte, over two chunks: none is the sign.
+TEST(Transcript, OfWhatOnlyLooksLikeNoProcessManager) {
+  Scenario scenario = SmpRun();
+  scenario.children = {
+      {.output = {"Unknown option: -", "d Unknown option: -x\r\n", "unknown option: -d\r\n",
+                  std::string("\0Unknown option: -d\r\n", 21)}}};
+  ExpectTranscript("shared-memory-almost-without-process-manager", scenario);
+}
+
+/// 260 units hold 259 and a zero. The registry's text fills the buffer and has no zero of its own.
+TEST(Transcript, OfFoldersAtTheirLimits) {
+  Scenario scenario = SmpRun();
+  scenario.applicationData = L"C:\\" + std::wstring(244, L'\u00E9');
+  scenario.installPath = "C:\\" + std::string(240, 'm') + "\\";
+  scenario.libraries.mpiConfiguration = L"";
+  scenario.parallelFolderName = std::string(300, 'q');
+  ExpectTranscript("shared-memory-folders-at-their-limits", scenario);
+}
+
+/// Everything that tells the launcher where things lie fails.
+TEST(Transcript, OfNoFolders) {
+  Scenario scenario = SmpRun();
+  scenario.failures = {{{"SHGetFolderPathA", 1}, ERROR_ACCESS_DENIED},
+                       {{"SHGetFolderPathW", 1}, ERROR_ACCESS_DENIED},
+                       {{"SHCreateDirectory", 1}, ERROR_ACCESS_DENIED},
+                       {{"GetPrivateProfileStringA", 1}, ERROR_FILE_NOT_FOUND},
+                       {{"RegQueryValueExA", 1}, ERROR_FILE_NOT_FOUND}};
+  scenario.libraries.mpiConfiguration = nullptr;
+  scenario.children = {{.startError = ERROR_FILE_NOT_FOUND}};
+  ExpectTranscript("shared-memory-without-folders", scenario);
+}
+
+TEST(Transcript, OfADistributedRun) {
+  Scenario scenario = DmpRun();
+  scenario.oldLogs = {{kShareRunFolder + "\\console_redirect_dmp_Flow_" + kOtherTime},
+                      {kShareRunFolder + "\\console_redirect_dmp_Flow_on_the_share_only.txt"},
+                      {kRunFolder + "\\console_redirect_dmp_Flow_" + kOtherTime}};
+  ExpectTranscript("distributed", scenario);
+}
+
+TEST(Transcript, OfATracedDistributedRun) {
+  Scenario scenario = DmpRun();
+  scenario.libraries.accountResult = -1;
+  ExpectTranscript("distributed-traced", Traced(scenario));
+}
+
+TEST(Transcript, OfADistributedRunWithoutMpiInstallation) {
+  Scenario scenario = DmpRun();
+  scenario.failures = {{{"RegOpenKeyA", 1}, ERROR_FILE_NOT_FOUND}};
+  scenario.children = {{.startError = ERROR_FILE_NOT_FOUND}};
+  ExpectTranscript("distributed-without-mpi-installation", scenario);
+}
+
+TEST(Transcript, OfARunWithoutCmxFile) {
+  Scenario scenario = SerialRun();
+  scenario.files.clear();
+  ExpectTranscript("no-cmx-file", scenario);
+}
+
+TEST(Transcript, OfRefusedAccounts) {
+  Scenario scenario = Traced(DmpRun());
+  scenario.libraries.accountResult = -6;
+  ExpectTranscript("accounts-refused", scenario);
+}
+
+}  // namespace
+}  // namespace qvx::test

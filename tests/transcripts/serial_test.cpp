@@ -1,0 +1,74 @@
+// Serial runs, and what every run has in common.
+#include <gtest/gtest.h>
+
+#include "tests/transcripts/run.h"
+#include "tests/transcripts/scenarios.h"
+
+namespace qvx::test {
+namespace {
+
+TEST(Transcript, OfFewerThanTwoArguments) {
+  Scenario scenario = SerialRun();
+  scenario.arguments.resize(1);
+  ExpectTranscript("fewer-than-two-arguments", scenario);
+}
+
+TEST(Transcript, OfASerialRun) {
+  Scenario scenario = SerialRun();
+  scenario.oldLogs = {{kRunFolder + "\\console_redirect_serial_Flow_2024-01-01_00-00-00.txt"},
+                      {kRunFolder + "\\console_redirect_serial_Flow_folder.txt", true},
+                      {kRunFolder + "\\console_redirect_serial_Pack_2024-01-01_00-00-00.txt"},
+                      {kRunFolder + "\\console_redirect_smp_Flow_2024-01-01_00-00-00.txt"},
+                      {kRunFolder + "\\console_redirect_serial_Flow.txt"}};
+  ExpectTranscript("serial", scenario);
+}
+
+TEST(Transcript, OfATracedSerialRun) { ExpectTranscript("serial-traced", Traced(SerialRun())); }
+
+/// A chunk with zero bytes, one that fills the buffer, one that does so again, and a code below 0.
+TEST(Transcript, OfOutputInManyForms) {
+  Scenario scenario = SerialRun();
+  scenario.children = {{.output = {std::string("a\0b\0", 4), std::string(4096, 'x'),
+                                   "%s\n" + std::string(4093, 'y'), "\xE4\x80\xFF", "last"},
+                        .exitCode = static_cast<DWORD>(-5)}};
+  ExpectTranscript("serial-output-in-many-forms", scenario);
+}
+
+TEST(Transcript, OfASolverThatEndsBeforeItsOutputIsRead) {
+  Scenario scenario = SerialRun();
+  scenario.children = {{.output = {"read", "never read"}, .exitCode = 0, .endsEarly = true}};
+  ExpectTranscript("serial-last-output-unread", scenario);
+}
+
+TEST(Transcript, OfAnExitCodeThatLooksAlive) {
+  Scenario scenario = SerialRun();
+  scenario.children = {{.output = {"solved\r\n"}, .exitCode = STILL_ACTIVE}};
+  ExpectTranscript("serial-exit-code-259", scenario);
+}
+
+TEST(Transcript, OfWritesThatTakePieces) {
+  Scenario scenario = SerialRun();
+  scenario.shortWrites = {{{"WriteFile", 1}, 10}, {{"WriteFile", 3}, 5}, {{"WriteFile", 5}, 0}};
+  ExpectTranscript("serial-writes-in-pieces", scenario);
+}
+
+TEST(Transcript, OfANameThatFitsNoRule) {
+  ExpectTranscript("name-that-fits-no-rule", Traced(SerialRun("Solver.exe")));
+}
+
+/// The token list is the name then, and its "Flow" decides.
+TEST(Transcript, OfTwoArguments) {
+  Scenario scenario = SerialRun();
+  scenario.arguments = {std::string(kSite) + "\\L.exe$7*D:\\Home\\*D:\\Flow*P*3*7*a*b*c", "Flow*x"};
+  ExpectTranscript("two-arguments", Traced(scenario));
+}
+
+/// What is missing keeps what `Reset` gave; there is no CMX file at such a place.
+TEST(Transcript, OfFewTokensAndNoMarker) {
+  Scenario scenario = SerialRun();
+  scenario.arguments = {"L.exe", std::string(kSite) + "\\Home\\*", "Qvx3DWarp.exe"};
+  ExpectTranscript("few-tokens", Traced(scenario));
+}
+
+}  // namespace
+}  // namespace qvx::test

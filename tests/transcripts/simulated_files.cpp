@@ -1,0 +1,175 @@
+// Files and the console of the simulated machine.
+#include <algorithm>
+#include <cstring>
+
+#include "tests/transcripts/flags.h"
+#include "tests/transcripts/simulated_calls.h"
+#include "tests/transcripts/simulated_machine.h"
+#include "tests/transcripts/transcript.h"
+
+namespace qvx::test::simulated {
+namespace {
+
+const auto kEnumeration = reinterpret_cast<HANDLE>(0x61000004);
+const auto kStandardOutput = reinterpret_cast<HANDLE>(0x61000008);
+
+std::string enumeratedPattern;
+std::size_t nextEntry = 0;
+
+/// "FOLDER\STEM*.txt" as the system's wildcards take it.
+bool Matches(const std::string& path, const std::string& pattern) {
+  const std::size_t star = pattern.find('*');
+  if (star == std::string::npos) return path == pattern;
+  const std::string tail = pattern.substr(star + 1);
+  return path.size() + 1 >= pattern.size() && path.compare(0, star, pattern, 0, star) == 0 &&
+         path.ends_with(tail) && path.find('\\', star) == std::string::npos;
+}
+
+/// The next matching entry, put into `found`; false behind the last.
+bool NextEntry(WIN32_FIND_DATAA& found, std::string& shown) {
+  for (; nextEntry < Machine().scenario.oldLogs.size(); ++nextEntry) {
+    const FolderEntry& entry = Machine().scenario.oldLogs[nextEntry];
+    if (!Matches(entry.path, enumeratedPattern)) continue;
+    ++nextEntry;
+    const std::string name = entry.path.substr(entry.path.rfind('\\') + 1);
+    found = {};
+    // Old files carry the archive bit; a folder is told by its bit alone.
+    found.dwFileAttributes = FILE_ATTRIBUTE_ARCHIVE;
+    if (entry.isFolder) found.dwFileAttributes |= FILE_ATTRIBUTE_DIRECTORY;
+    name.copy(found.cFileName, sizeof found.cFileName - 1);
+    shown = std::string(entry.isFolder ? "folder " : "file ") + Quoted(name);
+    return true;
+  }
+  return false;
+}
+
+/// The run's only other open file is the log.
+std::string FileRole(HANDLE file) {
+  if (file == kStandardOutput) return "standard output";
+  return Machine().RoleOf(file);
+}
+
+}  // namespace
+
+HANDLE WINAPI FindFirstFileA(LPCSTR pattern, LPWIN32_FIND_DATAA found) {
+  const Observation observation("FindFirstFileA");
+  enumeratedPattern = pattern;
+  nextEntry = 0;
+  const std::string line = "FindFirstFileA(" + Quoted(pattern) + ") = ";
+  std::string shown;
+  if (observation.Fails() || !NextEntry(*found, shown)) {
+    if (!observation.Fails()) Machine().lastError = ERROR_FILE_NOT_FOUND;
+    Record(line + "INVALID_HANDLE_VALUE, " + ErrorName(Machine().lastError));
+    return INVALID_HANDLE_VALUE;
+  }
+  Record(line + "enumeration, " + shown);
+  return kEnumeration;
+}
+
+BOOL WINAPI FindNextFileA(HANDLE enumeration, LPWIN32_FIND_DATAA found) {
+  const Observation observation("FindNextFileA");
+  const std::string line =
+      std::string("FindNextFileA(") + (enumeration == kEnumeration ? "enumeration" : "?") + ") = ";
+  std::string shown;
+  if (observation.Fails() || !NextEntry(*found, shown)) {
+    if (!observation.Fails()) Machine().lastError = ERROR_NO_MORE_FILES;
+    Record(line + "FALSE, " + ErrorName(Machine().lastError));
+    return FALSE;
+  }
+  Record(line + "TRUE, " + shown);
+  return TRUE;
+}
+
+BOOL WINAPI FindClose(HANDLE enumeration) {
+  const Observation observation("FindClose");
+  Record(std::string("FindClose(") + (enumeration == kEnumeration ? "enumeration" : "?") +
+         ") = TRUE");
+  return TRUE;
+}
+
+BOOL WINAPI DeleteFileA(LPCSTR path) {
+  const Observation observation("DeleteFileA");
+  std::vector<FolderEntry>& logs = Machine().logs;
+  const auto entry = std::ranges::find(logs, path, &FolderEntry::path);
+  const bool there = entry != logs.end() && !entry->isFolder;
+  if (there && !observation.Fails()) logs.erase(entry);
+  if (!there && !observation.Fails()) Machine().lastError = ERROR_FILE_NOT_FOUND;
+  const bool succeeds = there && !observation.Fails();
+  Record("DeleteFileA(" + Quoted(path) +
+         ") = " + (succeeds ? "TRUE" : "FALSE, " + ErrorName(Machine().lastError)));
+  return succeeds;
+}
+
+HANDLE WINAPI CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES attributes,
+                          DWORD disposition, DWORD flags, HANDLE templateFile) {
+  const Observation observation("CreateFileA");
+  const std::string line =
+      "CreateFileA(" + Quoted(path) + ", " +
+      Flags(access, {{GENERIC_WRITE, "GENERIC_WRITE"}, {GENERIC_READ, "GENERIC_READ"}}) + ", " +
+      Flags(share, {{FILE_SHARE_READ, "FILE_SHARE_READ"},
+                    {FILE_SHARE_WRITE, "FILE_SHARE_WRITE"},
+                    {FILE_SHARE_DELETE, "FILE_SHARE_DELETE"}}) +
+      ", attributes " + (attributes == nullptr ? "none" : "given") + ", " +
+      Choice(disposition, {{CREATE_ALWAYS, "CREATE_ALWAYS"},
+                           {CREATE_NEW, "CREATE_NEW"},
+                           {OPEN_ALWAYS, "OPEN_ALWAYS"},
+                           {OPEN_EXISTING, "OPEN_EXISTING"}}) +
+      ", " + Flags(flags, {{FILE_ATTRIBUTE_NORMAL, "FILE_ATTRIBUTE_NORMAL"}}) + ", template " +
+      Machine().RoleOf(templateFile) + ") = ";
+  if (observation.Fails()) {
+    Record(line + "INVALID_HANDLE_VALUE, " + ErrorName(Machine().lastError));
+    return INVALID_HANDLE_VALUE;
+  }
+  const int call = Machine().CallsOf("CreateFileA");
+  const std::string role = "log" + (call > 1 ? " " + std::to_string(call) : std::string());
+  // The code that the system leaves when CREATE_ALWAYS meets a file, say.
+  Record(line + role);
+  return Machine().Open({.role = role, .inheritable = attributes != nullptr});
+}
+
+HANDLE WINAPI GetStdHandle(DWORD which) {
+  const Observation observation("GetStdHandle");
+  Record("GetStdHandle(" +
+         Choice(which, {{STD_OUTPUT_HANDLE, "STD_OUTPUT_HANDLE"},
+                        {STD_ERROR_HANDLE, "STD_ERROR_HANDLE"},
+                        {STD_INPUT_HANDLE, "STD_INPUT_HANDLE"}}) +
+         ") = " + (which == STD_OUTPUT_HANDLE ? "standard output" : "none"));
+  return which == STD_OUTPUT_HANDLE ? kStandardOutput : nullptr;
+}
+
+BOOL WINAPI WriteFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written,
+                      LPOVERLAPPED overlapped) {
+  const Observation observation("WriteFile");
+  const std::string line = "WriteFile(" + FileRole(file) + ", " + std::to_string(size) + " bytes " +
+                           Quoted(std::string_view(static_cast<const char*>(bytes), size)) +
+                           (overlapped == nullptr ? "" : ", overlapped") + ") = ";
+  const OpenHandle* handle = Machine().Find(file);
+  const bool open = file == kStandardOutput || (handle != nullptr && handle->open);
+  *written = 0;
+  if (!open || observation.Fails()) {
+    if (!observation.Fails()) Machine().lastError = ERROR_INVALID_HANDLE;
+    Record(line + "FALSE, " + ErrorName(Machine().lastError));
+    return FALSE;
+  }
+  const auto& shortWrites = Machine().scenario.shortWrites;
+  const auto taken = shortWrites.find({"WriteFile", Machine().CallsOf("WriteFile")});
+  *written = taken == shortWrites.end() ? size : std::min(size, taken->second);
+  Record(line + "TRUE, " + (*written == size ? "all" : std::to_string(*written)) + " written");
+  return TRUE;
+}
+
+BOOL WINAPI FlushFileBuffers(HANDLE file) {
+  const Observation observation("FlushFileBuffers");
+  Record("FlushFileBuffers(" + FileRole(file) + ") = TRUE");
+  return TRUE;
+}
+
+DWORD WINAPI GetFileType(HANDLE file) {
+  const Observation observation("GetFileType");
+  const DWORD type = file == kStandardOutput ? FILE_TYPE_PIPE : FILE_TYPE_DISK;
+  Record("GetFileType(" + FileRole(file) +
+         ") = " + (type == FILE_TYPE_PIPE ? "FILE_TYPE_PIPE" : "FILE_TYPE_DISK"));
+  return type;
+}
+
+}  // namespace qvx::test::simulated
