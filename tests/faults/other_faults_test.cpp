@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -22,6 +23,7 @@
 #include "tests/windows/launch_fixture.h"
 
 extern "C" {
+extern void* __imp_CreateProcessA;
 extern void* __imp_WriteFile;
 extern void* __imp__ZN11CQVXMPIToolC1Ev;
 extern void* __imp__ZN11CQVXMPITool40GetIntelMPIConfigurationStringForMpiexecEPKw;
@@ -113,6 +115,15 @@ TEST(WriteWhole, DoesNotRepeatItselfOnAConsole) {
   CloseHandle(device);
 }
 
+/// A run from its command line, as the system starts it.
+int RunEntry(const std::string& home, const std::string& project) {
+  std::string first = "L$1";
+  std::string tokens = home + "*" + project + "*Sample*0*01";
+  std::string name = "QvxOptics.exe";  // reads no CMX file
+  char* arguments[] = {first.data(), tokens.data(), name.data()};
+  return RunEntrySequence(3, arguments);
+}
+
 /// A solver writes this when it lives to its end; not in the fixture's folder, for the death test's
 /// process has another. EXPECT_FAULT returns only when the solver is gone too: the solver inherits
 /// the death test's pipe.
@@ -150,6 +161,34 @@ TEST_F(OutOfMemory, AtAnyAllocationEndsTheLauncherAndItsChild) {
     EXPECT_FAULT(LaunchUntil(n), "ERROR: out of memory") << n;
     EXPECT_FALSE(std::filesystem::exists(kSolverEnded)) << n;
   }
+}
+
+const auto kSystemCreateProcess = reinterpret_cast<decltype(&CreateProcessA)>(__imp_CreateProcessA);
+
+/// The first allocation behind the start of the child fails.
+BOOL WINAPI CreateProcessAndRunOut(const char* program, char* commandLine,
+                                   SECURITY_ATTRIBUTES* ofProcess, SECURITY_ATTRIBUTES* ofThread,
+                                   BOOL inherits, DWORD flags, void* environment,
+                                   const char* folder, STARTUPINFOA* startup,
+                                   PROCESS_INFORMATION* process) {
+  static std::optional<test::FailingAllocation> failing;
+  const BOOL created = kSystemCreateProcess(program, commandLine, ofProcess, ofThread, inherits,
+                                            flags, environment, folder, startup, process);
+  failing.emplace(1);
+  return created;
+}
+
+TEST_F(OutOfMemory, InAWholeRunEndsTheLauncherAndItsChild) {
+  Install("QuorvexFakeSolver.exe", home + "\\Bin\\QvxOptics.exe");
+  EXPECT_FAULT(
+      {
+        script.Set("sleep 1000;touch " + kSolverEnded);
+        const test::ImportPatch patch(&__imp_CreateProcessA,
+                                      reinterpret_cast<void*>(CreateProcessAndRunOut));
+        std::exit(RunEntry(home, folder.Path("Project")));
+      },
+      "ERROR: out of memory");
+  EXPECT_FALSE(std::filesystem::exists(kSolverEnded));
 }
 
 TEST_F(OutOfMemory, EndsTheLauncherEvenIfTheChildCannotBeEnded) {

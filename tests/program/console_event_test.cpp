@@ -32,7 +32,7 @@ const std::string kRunForLong = "touch <site>\\solver;print running;await <site>
 
 const PlannedRun kDuringTheRun({.script = kRunForLong, .meanwhile = CancelRunningSolver});
 
-TEST(CtrlC, DuringTheRunEndsTheSolver) {
+RUN_TEST(CtrlC, DuringTheRunEndsTheSolver, &kDuringTheRun) {
   EXPECT_EQ(kDuringTheRun->complaint, "");
   EXPECT_EQ(kDuringTheRun->output,
             SerialConsole("running\r\n" + kCtrlC, kFlowPath, -9876) + kCountdown);
@@ -56,7 +56,7 @@ void ExpectCancelledUnderMpi(const PlannedRun& run) {
   EXPECT_EQ(run->status, -9876);
 }
 
-TEST(CtrlC, DuringAParallelRunEndsTheProcessLauncherWithItsSolvers) {
+RUN_TEST(CtrlC, DuringAParallelRunEndsTheProcessLauncherWithItsSolvers, &kUnderMpi) {
   ExpectCancelledUnderMpi(kUnderMpi);
 }
 
@@ -68,7 +68,7 @@ const PlannedRun kDuringTheCountdown({
     },
 });
 
-TEST(CtrlC, DuringTheCountdownChangesNothing) {
+RUN_TEST(CtrlC, DuringTheCountdownChangesNothing, &kDuringTheCountdown) {
   EXPECT_EQ(kDuringTheCountdown->complaint, "");
   EXPECT_NE(kDuringTheCountdown->output.find(kCtrlC), std::string::npos);
   EXPECT_EQ(WithoutFirst(kDuringTheCountdown->output, kCtrlC),
@@ -82,7 +82,7 @@ const PlannedRun kOverMachines({
     .meanwhile = CancelRunningSolver,
 });
 
-TEST(CtrlC, DuringADistributedRunEndsTheProcessLauncherWithItsSolvers) {
+RUN_TEST(CtrlC, DuringADistributedRunEndsTheProcessLauncherWithItsSolvers, &kOverMachines) {
   ExpectCancelledUnderMpi(kOverMachines);
 }
 
@@ -96,7 +96,7 @@ const PlannedRun kTwice({
     },
 });
 
-TEST(CtrlC, MayComeTwice) {
+RUN_TEST(CtrlC, MayComeTwice, &kTwice) {
   EXPECT_EQ(kTwice->complaint, "");
   const std::string rest = WithoutFirst(kTwice->output, kCtrlC);
   EXPECT_NE(rest.find(kCtrlC), std::string::npos) << kTwice->output;
@@ -110,7 +110,7 @@ const PlannedRun kInAFlood({
     .meanwhile = CancelRunningSolver,
 });
 
-TEST(CtrlC, InTheMiddleOfAFloodLeavesConsoleAndLogWholeUpToThere) {
+RUN_TEST(CtrlC, InTheMiddleOfAFloodLeavesConsoleAndLogWholeUpToThere, &kInAFlood) {
   EXPECT_EQ(kInAFlood->complaint, "");
   EXPECT_EQ(kInAFlood->status, -9876);
   ASSERT_EQ(kInAFlood->logs.size(), 1U);
@@ -134,7 +134,7 @@ const PlannedRun kFirstPass({
     .meanwhile = CancelRunningSolver,
 });
 
-TEST(CtrlC, DuringTheFirstCoolingPassSkipsTheSecond) {
+RUN_TEST(CtrlC, DuringTheFirstCoolingPassSkipsTheSecond, &kFirstPass) {
   EXPECT_EQ(kFirstPass->complaint, "");
   EXPECT_EQ(kFirstPass->output,
             SerialConsole("running\r\n" + kCtrlC, kFlowPath, -9876) + kCountdown);
@@ -149,7 +149,7 @@ const PlannedRun kSecondPass({
     .meanwhile = CancelRunningSolver,
 });
 
-TEST(CtrlC, DuringTheSecondCoolingPassEndsTheRun) {
+RUN_TEST(CtrlC, DuringTheSecondCoolingPassEndsTheRun, &kSecondPass) {
   EXPECT_EQ(kSecondPass->complaint, "");
   EXPECT_EQ(kSecondPass->output, SerialConsole("x\r\n", kFlowPath, 0) +
                                      SerialConsole("running\r\n" + kCtrlC, kCoolPath, -9876) +
@@ -196,7 +196,7 @@ const PlannedRun kBeforeTheStart({
     },
 });
 
-TEST(CtrlC, BeforeTheStartPreventsIt) {
+RUN_TEST(CtrlC, BeforeTheStartPreventsIt, &kBeforeTheStart) {
   EXPECT_EQ(kBeforeTheStart->complaint, "");
   EXPECT_EQ(kBeforeTheStart->output,
             kCtrlC + "Ctrl-break is captured. Computing is canceled.\r\n" + kCountdown);

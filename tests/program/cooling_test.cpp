@@ -33,7 +33,7 @@ const PlannedRun kSerial({
     .script = "command-line;flush;exit 4",
 });
 
-TEST(ConformalCooling, RunsTheFlowSolverAndThenTheCoolingSolver) {
+RUN_TEST(ConformalCooling, RunsTheFlowSolverAndThenTheCoolingSolver, &kSerial) {
   const std::string flow = kFlowPath + " " + LocalArguments(2, kSerialSettings);
   const std::string cool = kCoolPath + " " + LocalArguments(3, kSerialSettings + kNoPreviousShot);
   EXPECT_EQ(kSerial->output, SerialConsole(flow + "\r\n", kFlowPath, 4) +
@@ -53,7 +53,7 @@ const PlannedRun kFirstFails({
     .scripts = {{"Qvx3DFlow", "print flow;flush;exit 3"}},
 });
 
-TEST(ConformalCooling, GoesOnAfterAFirstPassThatFailed) {
+RUN_TEST(ConformalCooling, GoesOnAfterAFirstPassThatFailed, &kFirstFails) {
   EXPECT_EQ(kFirstFails->output, SerialConsole("flow\r\n", kFlowPath, 3) +
                                      SerialConsole("cool\r\n", kCoolPath, 0) + kCountdown);
   EXPECT_EQ(kFirstFails->status, 0);
@@ -88,7 +88,7 @@ const std::string kSmpCool =
     "cool\r\n" + ArgumentLines("p " + LocalArguments(3, kSmpSettings + kNoPreviousShot));
 const PlannedRun kSmp(ParallelPlan(kSmpCmx, kSmpFlow, kSmpCool));
 
-TEST(ConformalCooling, RunsBothPassesInSharedMemory) {
+RUN_TEST(ConformalCooling, RunsBothPassesInSharedMemory, &kSmp) {
   ExpectBothPasses(kSmp, kSmpFlow, kSmpCool);
   EXPECT_EQ(kSmp->logs.size(), 2U);
 }
@@ -102,7 +102,7 @@ const std::string kDmpFlow = "flow\r\n" + SharedArguments(2, "");
 const std::string kDmpCool = "cool\r\n" + SharedArguments(3, kNoPreviousShot);
 const PlannedRun kDmp(ParallelPlan(kDmpCmx, kDmpFlow, kDmpCool));
 
-TEST(ConformalCooling, MovesBothPassesToTheShare) {
+RUN_TEST(ConformalCooling, MovesBothPassesToTheShare, &kDmp) {
   ExpectBothPasses(kDmp, kDmpFlow, kDmpCool);
   EXPECT_EQ(kDmp->logs.count("console_redirect_dmp_Flow_<time>.txt"), 1U);
   EXPECT_EQ(kDmp->logs.count("console_redirect_dmp_Cool_<time>.txt"), 1U);
@@ -113,7 +113,7 @@ const PlannedRun kTwo({.solver = "Qvx3DCool.exe",
                               "<SOLID_COOL>\nFlag3DSolidCoolingChannel=2\n</SOLID_COOL>\n",
                        .script = "print x;flush"});
 
-TEST(ConformalCooling, IsAskedForByOneOnly) {
+RUN_TEST(ConformalCooling, IsAskedForByOneOnly, &kTwo) {
   EXPECT_EQ(kTwo->output, SerialConsole("x\r\n", kCoolPath, 0) + kCountdown);
 }
 
@@ -130,7 +130,7 @@ const PlannedRun kShotWarp({.solver = "Qvx3DWarp.exe",
 const PlannedRun kShotStress({.solver = "QvxStress.exe",
                               .cmx = std::string(kSerialCmx) + kPreviousShot});
 
-TEST(MultiShot, ReachesTheCoolingAndWarpageSolvers) {
+RUN_TEST(MultiShot, ReachesTheCoolingAndWarpageSolvers, &kShotCool, &kShotWarp) {
   EXPECT_EQ(
       kShotCool->output,
       SerialConsole(kCoolPath + " " + LocalArguments(3, kSerialSettings + kShotArguments) + "\r\n",
@@ -145,7 +145,7 @@ TEST(MultiShot, ReachesTheCoolingAndWarpageSolvers) {
           kCountdown);
 }
 
-TEST(MultiShot, IsNotReadForStress) {
+RUN_TEST(MultiShot, IsNotReadForStress, &kShotStress) {
   const std::string stress = "<site>\\Home\\Bin\\QvxStress.exe";
   EXPECT_EQ(kShotStress->output,
             SerialConsole(stress + " " +

@@ -27,7 +27,7 @@ const PlannedRun kSmp({
     .meanwhile = LetGoOnceShown(kSmpChild),
 });
 
-TEST(SharedMemoryRun, StartsTheProcessesUnderTheMpiProcessLauncher) {
+RUN_TEST(SharedMemoryRun, StartsTheProcessesUnderTheMpiProcessLauncher, &kSmp) {
   EXPECT_EQ(kSmp->complaint, "");
   EXPECT_EQ(kSmp->output, ConsoleOf(kBanner, kSmpChild, kImpiexec, 0) + kCountdown);
   EXPECT_EQ(kSmp->status, 0);
@@ -36,14 +36,14 @@ TEST(SharedMemoryRun, StartsTheProcessesUnderTheMpiProcessLauncher) {
 
 const PlannedRun kSmpFails({.cmx = kSmpCmx, .script = "exit 70000"});
 
-TEST(SharedMemoryRun, ReturnsTheProcessLaunchersExitCode) {
+RUN_TEST(SharedMemoryRun, ReturnsTheProcessLaunchersExitCode, &kSmpFails) {
   EXPECT_EQ(kSmpFails->output, ConsoleOf(kBanner, "", kImpiexec, 70000) + kCountdown);
   EXPECT_EQ(kSmpFails->status, 70000);
 }
 
 const PlannedRun kNoManager({.machine = Machine::NoProcessManager, .cmx = kSmpCmx});
 
-TEST(SharedMemoryRun, ExplainsAMissingProcessManager) {
+RUN_TEST(SharedMemoryRun, ExplainsAMissingProcessManager, &kNoManager) {
   const std::string impiexec = "C:\\NODE1\\mpi2\\impiexec.exe";  // one backslash
   const std::string advice =
       "\nIntel(R) MPI Library(4.0) Process Manager(smpd) is not started!\n"
@@ -87,7 +87,7 @@ const PlannedRun kDmp({
     .meanwhile = LetGoOnceShown(kDmpChild),
 });
 
-TEST(DistributedRun, StartsTheSharedSolverOnEveryMachineAndLogsOnTheShare) {
+RUN_TEST(DistributedRun, StartsTheSharedSolverOnEveryMachineAndLogsOnTheShare, &kDmp) {
   EXPECT_EQ(kDmp->complaint, "");
   EXPECT_EQ(kDmp->output, ConsoleOf(kBanner, kDmpChild, kImpiexec, 0) + kCountdown);
   EXPECT_EQ(kDmp->status, 0);
@@ -125,7 +125,8 @@ void ExpectRunWithoutHosts(const PlannedRun& run, const std::string& count,
       (Logs{{kDmpLog, "Used compute nodes:\r\n\r\n" + LogOf(commandLine, child, kImpiexec, -1)}}));
 }
 
-TEST(DistributedRun, ListsNoHostsForACountThatIsNoPositiveNumber) {
+RUN_TEST(DistributedRun, ListsNoHostsForACountThatIsNoPositiveNumber, &kNoMachines,
+         &kTextForMachines) {
   ExpectRunWithoutHosts(kNoMachines, "0", "You must specify a number greater than 0 after -hosts.");
   ExpectRunWithoutHosts(kTextForMachines, "two",
                         "You must specify the number of hosts after the -hosts option.");
@@ -135,7 +136,7 @@ const PlannedRun kMoreThanLines({.machine = Machine::Traced,
                                  .cmx = WithMachines("ValueNoMachine=3\nValueMachineSetting\n"
                                                      "1=NODE1\t1\n</REMOTE_MACHINES>\n")});
 
-TEST(DistributedRun, ListsEmptyMachinesWhenLinesAreMissing) {
+RUN_TEST(DistributedRun, ListsEmptyMachinesWhenLinesAreMissing, &kMoreThanLines) {
   EXPECT_NE(kMoreThanLines->output.find("-hosts 3 NODE1 1 NULL NULL "), std::string::npos)
       << kMoreThanLines->output;
 }
@@ -146,7 +147,7 @@ const PlannedRun kOldDmpLogs(
        site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_dmp_Cool_old.txt", "kept");
      }});
 
-TEST(DistributedRun, DeletesOldLogsInTheLocalRunFolder) {
+RUN_TEST(DistributedRun, DeletesOldLogsInTheLocalRunFolder, &kOldDmpLogs) {
   EXPECT_EQ(kOldDmpLogs->logs.count("console_redirect_dmp_Flow_old.txt"), 0U);
   EXPECT_EQ(kOldDmpLogs->logs.count("console_redirect_dmp_Cool_old.txt"), 1U);
   EXPECT_EQ(kOldDmpLogs->logs.count(kDmpLog), 1U);
@@ -158,7 +159,7 @@ const PlannedRun kManyHosts({.cmx = [] {
   return WithMachines(lines);
 }()});
 
-TEST(DistributedRun, CannotStartWithACommandLineBeyondTheSystemsLimit) {
+RUN_TEST(DistributedRun, CannotStartWithACommandLineBeyondTheSystemsLimit, &kManyHosts) {
   EXPECT_EQ(kManyHosts->output.rfind("Launch parallel computing\r\nCreateProcess [", 0), 0U);
   EXPECT_NE(kManyHosts->output.find("] failed. system error("), std::string::npos);
   EXPECT_EQ(kManyHosts->status, -1);

@@ -1,6 +1,9 @@
-// Whole runs of the launcher, planned before the tests start and carried out side by side: each one
-// sleeps five seconds in its countdown. A test looks at the result of a run planned beside it.
+// Whole runs of the launcher, carried out side by side, because each one sleeps five seconds in its
+// countdown. RUN_TEST names the runs that a test looks at. The first look at one carries out those
+// of all the tests that the filter chose, and no other.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <functional>
 #include <map>
@@ -64,24 +67,39 @@ struct RunResult {
 
 class PlannedRun {
  public:
-  explicit PlannedRun(RunPlan plan);
-  ~PlannedRun();
+  explicit PlannedRun(RunPlan plan) : plan_(std::move(plan)) {}
   PlannedRun(const PlannedRun&) = delete;
   PlannedRun& operator=(const PlannedRun&) = delete;
 
-  const RunResult* operator->() const { return &result_; }
+  /// Fails the test when the run was not carried out.
+  const RunResult* operator->() const;
 
-  /// Carries out every run that was planned.
-  static void RunAll();
+  Machine On() const { return plan_.machine; }
+
+  void LayOut() const;
+
+  /// A launcher that cannot be started is the failure of the tests that look at this run.
+  void CarryOut() const;
 
  private:
-  void LayOut();
-  void Run();
-
   RunPlan plan_;
-  std::unique_ptr<Site> site_;
-  RunResult result_;
+  mutable std::unique_ptr<Site> site_;
+  mutable RunResult result_;
+  mutable std::string whyNot_ = "the test does not name this run";
 };
+
+using Runs = std::vector<const PlannedRun*>;
+
+/// Which runs the test "Suite.Name" looks at, with all its parameters when it has some.
+class RunsOfTest {
+ public:
+  RunsOfTest(const char* test, Runs (*runs)());
+};
+
+#define RUN_TEST(suite, name, ...)                                                                \
+  const qvx::test::RunsOfTest suite##_##name##_Runs(#suite "." #name,                             \
+                                                    [] { return qvx::test::Runs{__VA_ARGS__}; }); \
+  TEST(suite, name)
 
 constexpr const char* kTokens = "<site>\\Home*<site>\\Work\\Sample*Sample*3*01";
 

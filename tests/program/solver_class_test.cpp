@@ -67,6 +67,8 @@ class ClassRun {
   ClassRun(const ClassFacts& facts, const Mode& mode, bool tokensInFirstArgument)
       : facts_(facts), mode_(mode), run_(Plan(facts, mode, tokensInFirstArgument)) {}
 
+  const PlannedRun& Run() const { return run_; }
+
   void Check() const {
     SCOPED_TRACE(std::string(facts_.solver) + " " + mode_.name);
     EXPECT_EQ(run_->complaint, "");
@@ -134,6 +136,12 @@ std::vector<std::unique_ptr<ClassRun>> PlanAll() {
 }
 
 const std::vector<std::unique_ptr<ClassRun>> kRuns = PlanAll();
+
+const RunsOfTest kRunsOfTest("SolverClass.RunsInEveryModeThatItCanHave", [] {
+  Runs runs;
+  for (const auto& run : kRuns) runs.push_back(&run->Run());
+  return runs;
+});
 
 TEST(SolverClass, RunsInEveryModeThatItCanHave) {
   ASSERT_EQ(kRuns.size(), 23U);

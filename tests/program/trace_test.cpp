@@ -55,7 +55,7 @@ std::string LaunchTrace(const std::string& banner, const std::string& commandLin
 
 const PlannedRun kSerial({.machine = Machine::Traced, .script = "print x;flush"});
 
-TEST(Trace, OfASerialRun) {
+RUN_TEST(Trace, OfASerialRun, &kSerial) {
   const std::string arguments = FlowArguments(kSerialSettings);
   EXPECT_EQ(kSerial->output,
             CommandLineTrace("Qvx3DFlow.exe", "SolverClass=FLOW\r\n") + kPathTrace +
@@ -71,7 +71,7 @@ const PlannedRun kSmp({.machine = Machine::Traced,
                        .script = "rank 0 print up" + kAwaitShown,
                        .meanwhile = LetGoOnceShown("up\r\n")});
 
-TEST(Trace, OfASharedMemoryRun) {
+RUN_TEST(Trace, OfASharedMemoryRun, &kSmp) {
   const std::string arguments = FlowArguments("-parallel 1 -processes 2 -weights 0.5,0.5");
   EXPECT_EQ(kSmp->output, CommandLineTrace("Qvx3DFlow.exe", "SolverClass=FLOW\r\n") + kPathTrace +
                               TaskManagerTrace("0", "2") + kNoMachinesTrace +
@@ -88,7 +88,7 @@ const PlannedRun kDmp({.machine = Machine::Traced,
                        .script = "rank 0 print up" + kAwaitShown,
                        .meanwhile = LetGoOnceShown("up\r\n")});
 
-TEST(Trace, OfADistributedRun) {
+RUN_TEST(Trace, OfADistributedRun, &kDmp) {
   const std::string arguments =
       "-home \"<share>\\Home\" -project \"<share>\\Work\\sample\" -name \"Sample\" -run \"01\" "
       "-molding 1 -option 0 -parallel 2 -processes 3 -weights 0.3,0.3,0.4";
@@ -136,7 +136,7 @@ const PlannedRun kCool({
     .script = "print x;flush",
 });
 
-TEST(Trace, OfAConformalCoolingRun) {
+RUN_TEST(Trace, OfAConformalCoolingRun, &kCool) {
   const std::string coolPath = "<site>\\Home\\Bin\\Qvx3DCool.exe";
   const auto pass = [](const std::string& path, const std::string& arguments) {
     return "ComputeMode=Serial\r\nSolver arguments = [" + arguments + "]\r\n" +
@@ -162,7 +162,7 @@ const PlannedRun kShell({
     .arguments = std::vector<std::string>{"-", "QvxFlow.exe"},
 });
 
-TEST(Trace, OfAShellRunNamesNoComputeMode) {
+RUN_TEST(Trace, OfAShellRunNamesNoComputeMode, &kShell) {
   const std::string path = "<site>\\Home\\Bin\\QvxFlow.exe";
   const std::string arguments =
       "-home \"<site>\\Home\" -project \"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" "

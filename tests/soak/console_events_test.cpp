@@ -42,6 +42,12 @@ std::vector<std::unique_ptr<PlannedRun>> PlanAll() {
 
 const std::vector<std::unique_ptr<PlannedRun>> kEnds = PlanAll();
 
+const RunsOfTest kRunsOfTest("CtrlC.AroundTheSolversEndLosesNothing", [] {
+  Runs runs;
+  for (const auto& run : kEnds) runs.push_back(run.get());
+  return runs;
+});
+
 TEST(CtrlC, AroundTheSolversEndLosesNothing) {
   SCOPED_TRACE("seed " + std::to_string(Seed()));
   int cancelled = 0;

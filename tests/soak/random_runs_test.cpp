@@ -34,6 +34,12 @@ std::vector<Case> PlanAll() {
 
 const std::vector<Case> kCases = PlanAll();
 
+const RunsOfTest kRunsOfTest("Soak/RandomRuns.ShowLogAndReturnWhatTheirSettingsSay", [] {
+  Runs runs;
+  for (const Case& one : kCases) runs.push_back(one.run.get());
+  return runs;
+});
+
 class RandomRuns : public testing::TestWithParam<unsigned> {};
 
 TEST_P(RandomRuns, ShowLogAndReturnWhatTheirSettingsSay) {

@@ -40,7 +40,7 @@ const PlannedRun kFlooded({
     },
 });
 
-TEST(Flood, Of256MiBArrivesWholeAndIsNotKept) {
+RUN_TEST(Flood, Of256MiBArrivesWholeAndIsNotKept, &kFlooded) {
   ExpectSerial(kFlooded, Filled(kFlood));
   EXPECT_GT(floodPeak, 0U);
   EXPECT_LT(floodPeak, std::size_t{64} << 20);
@@ -48,7 +48,9 @@ TEST(Flood, Of256MiBArrivesWholeAndIsNotKept) {
 
 const PlannedRun kDripping({.script = "fill 20000 1;flush;exit 3"});
 
-TEST(Dripping, OneByteAtATimeArrivesWhole) { ExpectSerial(kDripping, Filled(20'000)); }
+RUN_TEST(Dripping, OneByteAtATimeArrivesWhole, &kDripping) {
+  ExpectSerial(kDripping, Filled(20'000));
+}
 
 /// Does something to the run folder while the solver waits for it.
 RunPlan Meddle(std::string (*meddle)(const Site& site)) {
@@ -72,7 +74,7 @@ const PlannedRun kLogDeleted(Meddle([](const Site& site) -> std::string {
   return "there is no log";
 }));
 
-TEST(RunningLog, CannotBeDeleted) { ExpectSerial(kLogDeleted, "up\r\non\r\n"); }
+RUN_TEST(RunningLog, CannotBeDeleted, &kLogDeleted) { ExpectSerial(kLogDeleted, "up\r\non\r\n"); }
 
 const PlannedRun kRunFolderCleared(Meddle([](const Site& site) -> std::string {
   std::error_code error;
@@ -80,7 +82,7 @@ const PlannedRun kRunFolderCleared(Meddle([](const Site& site) -> std::string {
   return error ? "" : "the run folder could be removed";
 }));
 
-TEST(RunFolder, KeepsItsLogWhenSomebodyRemovesIt) {
+RUN_TEST(RunFolder, KeepsItsLogWhenSomebodyRemovesIt, &kRunFolderCleared) {
   ExpectSerial(kRunFolderCleared, "up\r\non\r\n");
 }
 
@@ -103,7 +105,7 @@ const PlannedRun kRunFolderMoved({
     },
 });
 
-TEST(RunFolder, ThatVanishesInTheFirstPassCostsTheSecondItsLogAlone) {
+RUN_TEST(RunFolder, ThatVanishesInTheFirstPassCostsTheSecondItsLogAlone, &kRunFolderMoved) {
   EXPECT_EQ(kRunFolderMoved->complaint, "");
   const std::string output = WithoutTimestamps(kRunFolderMoved->output);
   // The line about the log is not flushed, and so it may come before or behind the solver's.
@@ -138,7 +140,7 @@ const PlannedRun kManyMachines({
     .script = "print up;flush;exit 3",
 });
 
-TEST(Machines, MayBeFiveHundred) {
+RUN_TEST(Machines, MayBeFiveHundred, &kManyMachines) {
   std::string hosts;
   std::string nodes;
   for (int i = 0; i < 500; ++i) {
@@ -216,7 +218,7 @@ const LongRun kTooLongForTheLog(32752, kRunForAMinute);
 const LongRun kLongestForTheSystem(32766, kRunForAMinute);
 const LongRun kTooLongForTheSystem(32767, kRunForAMinute);
 
-TEST(CommandLine, Of32751CharactersIsLogged) {
+RUN_TEST(CommandLine, Of32751CharactersIsLogged, &kLogged.run) {
   EXPECT_EQ(kLogged.run->error, "");
   EXPECT_EQ(
       kLogged.run->output,
@@ -231,7 +233,8 @@ TEST(CommandLine, Of32751CharactersIsLogged) {
       << log;
 }
 
-TEST(CommandLine, ThatTheLogCannotTakeEndsTheChildAndTheLauncher) {
+RUN_TEST(CommandLine, ThatTheLogCannotTakeEndsTheChildAndTheLauncher, &kTooLongForTheLog.run,
+         &kLongestForTheSystem.run) {
   for (const LongRun* longRun : {&kTooLongForTheLog, &kLongestForTheSystem}) {
     EXPECT_EQ(longRun->run->error, "ERROR: console log text is too long: width 32768, length " +
                                        std::to_string(longRun->length + 16) + "\r\n");
@@ -242,7 +245,7 @@ TEST(CommandLine, ThatTheLogCannotTakeEndsTheChildAndTheLauncher) {
   }
 }
 
-TEST(CommandLine, BeyondTheSystemsLimitIsReported) {
+RUN_TEST(CommandLine, BeyondTheSystemsLimitIsReported, &kTooLongForTheSystem.run) {
   const RunResult& result = *kTooLongForTheSystem.run.operator->();
   EXPECT_EQ(result.error, "");
   EXPECT_TRUE(result.output.starts_with("Launch parallel computing\r\nCreateProcess ["));

@@ -45,7 +45,7 @@ TEST(Transcript, OfWhatOnlyLooksLikeNoProcessManager) {
   ExpectTranscript("shared-memory-almost-without-process-manager", scenario);
 }
 
-/// 260 units hold 259 and a zero. The registry's text fills the buffer and has no zero of its own.
+/// 260 units hold 259 and a zero. The registry's text has no zero of its own, as it may be.
 TEST(Transcript, OfFoldersAtTheirLimits) {
   Scenario scenario = SmpRun();
   scenario.applicationData = L"C:\\" + std::wstring(244, L'\u00E9');

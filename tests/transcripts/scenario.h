@@ -36,8 +36,9 @@ struct Scenario {
   std::map<std::string, std::string> files;  ///< by path, what the launcher itself can open
   std::vector<FolderEntry> oldLogs;
   std::vector<Child> children;
-  std::optional<std::string> installPath = "C:\\MPI\\x64\\";  ///< in the registry, as its bytes
-  std::string parallelFolderName = "QvxShare";                ///< in the project-wide ini file
+  std::optional<std::string> installPath =
+      std::string("C:\\MPI\\x64\\") + '\0';     ///< the value's bytes
+  std::string parallelFolderName = "QvxShare";  ///< in the project-wide ini file
   std::wstring applicationData = L"C:\\Users\\Ann\\AppData\\Roaming";
   LibraryAnswers libraries;
   std::map<CallNumber, DWORD> failures;             ///< with their last-error codes

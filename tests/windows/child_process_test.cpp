@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <thread>
 
@@ -12,12 +13,24 @@
 #include "launcher/console_control_handler.h"
 #include "launcher/process_wide_values.h"
 #include "support/bounded_text.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 #include "tests/windows/open_handles.h"
 
+extern "C" void* __imp_WaitForSingleObject;
+
 namespace qvx {
 namespace {
+
+const auto kSystemWait =
+    reinterpret_cast<decltype(&WaitForSingleObject)>(__imp_WaitForSingleObject);
+std::function<void()> whenTheChildIsAwaited;
+
+DWORD WINAPI TellAndWait(HANDLE process, DWORD milliseconds) {
+  if (GetProcessId(process) == childProcessIdentifier) whenTheChildIsAwaited();
+  return kSystemWait(process, milliseconds);
+}
 
 class ChildProcess : public test::LaunchTest {
  protected:
@@ -26,14 +39,24 @@ class ChildProcess : public test::LaunchTest {
   /// The child says "up" and waits until `whileItRuns` is done, which begins when that is logged.
   template <typename Action>
   test::Outcome RunWith(Action&& whileItRuns) {
-    script.Set("print up;flush;touch " + folder.Path("up") + ";await " + folder.Path("go on"));
+    script.Set("touch " + folder.Path("up") + ";print up;flush;await " + folder.Path("go on"));
     std::jthread other([&] {
-      test::Await(folder.Path("up"));
-      for (int i = 0; i < 3000 && Log() != logged; ++i) Sleep(test::kPollMilliseconds);
+      AwaitLogged("up\r\n");
       whileItRuns();
       folder.Write("go on", "");
     });
     return Run(LaunchSerial);
+  }
+
+  /// The child carries out `commands` and goes on when the launch waits for its end.
+  template <typename Operation>
+  test::Outcome RunUntilAwaited(const std::string& commands, Operation&& operation) {
+    script.Set(commands + "await " + folder.Path("go on") + ";exit 5");
+    whenTheChildIsAwaited = [this] { folder.Write("go on", ""); };
+    const test::ImportPatch patch(&__imp_WaitForSingleObject, reinterpret_cast<void*>(TellAndWait));
+    test::Outcome outcome = {};
+    outcome.console = test::ConsoleOf([&] { outcome.result = operation(); });
+    return outcome;
   }
 
   const std::string shown = std::string(test::kSerialBanner) + "up\r\n";
@@ -72,11 +95,8 @@ TEST_F(ChildProcess, IsAwaitedWhenThePumpEndsBeforeIt) {
       .endsPump = [](LauncherContext&, const RunningChild&, const char*) { return true; },
       .closesReadEnd = false,
   };
-  script.Set("print up;sleep 200;exit 5");
-  int result = 0;
-  const test::Console console = test::ConsoleOf([&] { result = Launch(context, kind); });
-  ExpectOutcome({result, console}, 5, "the solver", "up\r\n",
-                "Commandline=[" + solver + "]\r\nup\r\n");
+  const test::Outcome outcome = RunUntilAwaited("print up;", [&] { return Launch(context, kind); });
+  ExpectOutcome(outcome, 5, "the solver", "up\r\n", "Commandline=[" + solver + "]\r\nup\r\n");
 }
 
 TEST_F(ChildProcess, IsLoggedAtOnceInAFileThatOthersMayReadAndWriteButNotDelete) {

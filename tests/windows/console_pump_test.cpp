@@ -5,13 +5,17 @@
 #include <windows.h>
 
 #include <cstring>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "tests/support/import_patch.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/windows/console_of.h"
 #include "tests/windows/started_child.h"
+
+extern "C" void* __imp_FlushFileBuffers;
 
 namespace qvx {
 namespace {
@@ -108,28 +112,21 @@ TEST_F(ConsolePump, NeedsNoLog) {
   EXPECT_EQ(Log(), "");
 }
 
+const auto kSystemFlush = reinterpret_cast<decltype(&FlushFileBuffers)>(__imp_FlushFileBuffers);
+std::function<void()> whenTheConsoleIsFlushed;
+
+BOOL WINAPI LookAndFlush(HANDLE file) {
+  if (file == GetStdHandle(STD_OUTPUT_HANDLE)) whenTheConsoleIsFlushed();
+  return kSystemFlush(file);
+}
+
 TEST_F(ConsolePump, WaitsUntilTheConsoleTookAChunkBeforeItLogsIt) {
-  HANDLE readEnd = nullptr;
-  HANDLE writeEnd = nullptr;
-  CreatePipe(&readEnd, &writeEnd, nullptr, 0);
-  std::string loggedBefore;
-  std::jthread console([&] {
-    Sleep(200);
-    loggedBefore = Log();
-    char byte = 0;
-    for (DWORD read = 0; ReadFile(readEnd, &byte, 1, &read, nullptr) != 0;) {
-    }
-  });
-  const HANDLE standardOutput = GetStdHandle(STD_OUTPUT_HANDLE);
-  SetStdHandle(STD_OUTPUT_HANDLE, writeEnd);
-  const ChunkWriter writer({"one"});
-  PumpConsole(context, kind, {GetCurrentProcess(), log}, writer.ReadEnd());
-  SetStdHandle(STD_OUTPUT_HANDLE, standardOutput);
-  CloseHandle(writeEnd);
-  console.join();
-  CloseHandle(readEnd);
-  EXPECT_EQ(loggedBefore, "");
-  EXPECT_EQ(Log(), "one");
+  const test::ImportPatch patch(&__imp_FlushFileBuffers, reinterpret_cast<void*>(LookAndFlush));
+  Chunks logged;
+  whenTheConsoleIsFlushed = [&] { logged.push_back(Log()); };
+  EXPECT_EQ(Pump({"one", "two"}), "onetwo");
+  // The last time when the pipe has broken.
+  EXPECT_EQ(logged, (Chunks{"", "one", "onetwo"}));
 }
 
 TEST_F(ConsolePump, LeavesInThePipeWhatAChildPrintedThatHasEnded) {

@@ -9,6 +9,7 @@
 
 #include "launcher/console_control_handler.h"
 #include "launcher/process_wide_values.h"
+#include "tests/support/no_countdown.h"
 #include "tests/support/texts.h"
 #include "tests/windows/launch_fixture.h"
 
@@ -32,8 +33,7 @@ class CoolingRun : public test::LaunchTest {
 
   /// Runs the launcher and breaks the pass whose solver has `variable`.
   test::Outcome Break(const test::EnvironmentVariable& variable) {
-    const std::string started = folder.Path("started");
-    variable.Set("print up;flush;touch " + started + ";await " + folder.Path("never"));
+    variable.Set("print up;flush;await " + folder.Path("never"));
     std::string first = "L$1";
     std::string tokens = home + "*" + folder.Path("Project") + "*Sample*0*01";
     std::string name = "Qvx3DCool.exe";
@@ -41,12 +41,13 @@ class CoolingRun : public test::LaunchTest {
     test::Outcome outcome = {};
     outcome.console = test::ConsoleOf([&] {
       std::thread system([&] {
-        test::Await(started);
+        AwaitLogged("up\r\n");
         EXPECT_EQ(HandleConsoleControl(CTRL_BREAK_EVENT), TRUE);
       });
       outcome.result = RunEntrySequence(3, arguments);
       system.join();
     });
+    EXPECT_EQ(noCountdown.Seconds(), 5);
     return outcome;
   }
 
@@ -56,6 +57,7 @@ class CoolingRun : public test::LaunchTest {
 
   const std::string cooler = home + "\\Bin\\Qvx3DCool.exe";
   const test::DebugTraceSwitchFile withoutTrace;
+  const test::NoCountdown noCountdown;
   const test::EnvironmentVariable flowScript{"QUORVEX_FAKE_SOLVER_QVX3DFLOW"};
   const test::EnvironmentVariable coolScript{"QUORVEX_FAKE_SOLVER_QVX3DCOOL"};
 };

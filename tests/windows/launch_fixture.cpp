@@ -19,10 +19,18 @@ namespace fs = std::filesystem;
 
 }  // namespace
 
-void Await(const std::string& path) {
+void Await(const std::function<bool()>& condition) {
+  constexpr int kPollMilliseconds = 10;
   constexpr int kMostPolls = 6000;
-  for (int i = 0; i < kMostPolls && !fs::exists(path); ++i) Sleep(kPollMilliseconds);
-  EXPECT_TRUE(fs::exists(path)) << path;
+  for (int i = 0; i < kMostPolls; ++i) {
+    if (condition()) return;
+    Sleep(kPollMilliseconds);
+  }
+  ADD_FAILURE() << "awaited in vain";
+}
+
+void Await(const std::string& path) {
+  Await([&] { return fs::exists(path); });
 }
 
 std::string ReturnValue(const std::string& path, int value) {
@@ -69,6 +77,23 @@ void LaunchTest::ExpectFailure(const Outcome& outcome, const std::string& banner
   EXPECT_EQ(outcome.console.buffered, "");
 }
 
+void LaunchTest::AwaitLogged(const std::string& text) const {
+  Await([&] {
+    try {
+      return std::ranges::any_of(NamesIn(logFolder), [&](const std::string& name) {
+        return name.starts_with("console_redirect_") && Bytes(name).ends_with(text);
+      });
+    } catch (const fs::filesystem_error&) {
+      return false;  // Wine now and then refuses to list a folder that is just being changed.
+    }
+  });
+}
+
+std::string LaunchTest::Bytes(const std::string& name) const {
+  std::ifstream file(fs::path(logFolder) / name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 std::string LaunchTest::Log() const {
   const Names names = NamesIn(logFolder);
   if (names.size() != 1) {
@@ -76,8 +101,7 @@ std::string LaunchTest::Log() const {
     return "";
   }
   EXPECT_EQ(WithoutTimestamps(names.front()), logName);
-  std::ifstream file(fs::path(logFolder) / names.front(), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return Bytes(names.front());
 }
 
 void LaunchTest::MakeFiles(const std::string& inFolder, const Names& names) {

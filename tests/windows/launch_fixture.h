@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,12 +17,14 @@ namespace qvx::test {
 
 constexpr const char* kSerialBanner = "Launch serial computing\r\n";
 constexpr const char* kParallelBanner = "Launch parallel computing\r\n";
-constexpr int kPollMilliseconds = 10;
 
 struct Outcome {
   int result;
   Console console;
 };
+
+/// Waits a minute at most, which fails the test.
+void Await(const std::function<bool()>& condition);
 
 /// Waits until the file is there.
 void Await(const std::string& path);
@@ -49,8 +52,14 @@ class LaunchTest : public testing::Test {
   static void ExpectFailure(const Outcome& outcome, const std::string& banner,
                             const std::string& commandLine);
 
+  /// Waits until a log ends with `text`: then the console has it too. (That the child's output was
+  /// read, which the child can wait for, says neither.)
+  void AwaitLogged(const std::string& text) const;
+
   /// Bytes of the only file in `logFolder`, whose name has to be `logName` less its timestamp.
   std::string Log() const;
+
+  std::string Bytes(const std::string& name) const;
 
   static void MakeFiles(const std::string& inFolder, const Names& names);
   static Names NamesIn(const std::string& inFolder);

@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cstring>
+#include <map>
 #include <string>
 #include <type_traits>
 
@@ -66,7 +67,14 @@ void Fill(Record& record, const std::string& origin, int first) {
   if constexpr (std::is_same_v<CQVXWarpArgument, Record>) record.secondOptionValue = first + 9;
 }
 
-std::string Weights(const QVXRunSettings& record) {
+/// Arrays that two records share are told from arrays that are equal.
+std::string SharedWith(const double* weights, const std::string& role) {
+  static std::map<const double*, std::string> owners;
+  const std::string& owner = owners.emplace(weights, role).first->second;
+  return owner == role ? "" : ", shared with the " + owner;
+}
+
+std::string Weights(const QVXRunSettings& record, const std::string& role) {
   if (record.weights == nullptr) return std::string(kIndent) + "weights none";
   const std::size_t count = _msize(record.weights) / sizeof(double);
   std::string text = std::string(kIndent) + (count == 0 ? "weights of no process" : "weights");
@@ -75,7 +83,7 @@ std::string Weights(const QVXRunSettings& record) {
     text += ' ';
     text.append(number, std::to_chars(number, number + sizeof number, record.weights[i]).ptr);
   }
-  return text;
+  return text + SharedWith(record.weights, role);
 }
 
 template <typename Record>
@@ -99,7 +107,7 @@ std::string Shown(const Record& record) {
     text += Member("molding type", record.moldingType) +
             Member("option value", record.optionValue) +
             Member("parallel mode", record.parallelMode) +
-            Member("process count", record.processCount) + Weights(record);
+            Member("process count", record.processCount) + Weights(record, host->roleOf(&record));
   }
   if constexpr (std::is_base_of_v<QVXPreviousShot, Record>) {
     text += Member("previous-shot flag", record.previousShotFlag) +
