@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "execution/mpi_accounts.h"
 #include "launcher/argument_record.h"
 #include "support/bounded_text.h"
 #include "tests/support/expect_fault.h"

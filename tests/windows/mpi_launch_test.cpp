@@ -23,7 +23,7 @@ class MpiLaunch : public testing::Test {
     CopyText(context.solverArgumentString, "solver argument string", "-a");
   }
 
-  std::string CommandLine() { return PrepareMpiCommand(context, "-n 4", "C:\\Q").commandLine; }
+  std::string CommandLine() { return PrepareMpiCommand(context, {"-n 4", "C:\\Q"}).commandLine; }
 
   const test::MpiInstallPathValue mpiInstallPath;
   const test::EnvironmentVariable versionCheck{"I_MPI_SMPD_VERSION_CHECK"};
@@ -31,7 +31,7 @@ class MpiLaunch : public testing::Test {
 };
 
 TEST_F(MpiLaunch, BuildsTheCommandLineAndReportsTheProcessLauncher) {
-  const LaunchCommand command = PrepareMpiCommand(context, "-n 4", "C:\\Q");
+  const LaunchCommand command = PrepareMpiCommand(context, {"-n 4", "C:\\Q"});
   EXPECT_EQ(command.commandLine,
             "C:\\MPI\\x64\\impiexec.exe -env 0 0 -n 4  \"C:\\Q\\Bin\\Qvx3DFlow.exe\" -a");
   EXPECT_EQ(command.reportedPath, "C:\\MPI\\x64\\impiexec.exe");
@@ -64,12 +64,13 @@ TEST_F(MpiLaunch, CreatesTheUsersConfigurationFolder) {
 TEST_F(MpiLaunch, RefusesPathsOf260Characters) {
   const std::string longest(259 - std::string("\\impiexec.exe").size(), 'm');
   mpiInstallPath.Set(longest);
-  EXPECT_EQ(PrepareMpiCommand(context, "", "").reportedPath, longest + "\\impiexec.exe");
+  EXPECT_EQ(PrepareMpiCommand(context, {"", ""}).reportedPath, longest + "\\impiexec.exe");
   mpiInstallPath.Set(longest + "m");
   EXPECT_FAULT(CommandLine(), "ERROR: impiexec.exe path is too long: width 260, length 260");
   mpiInstallPath.Set("C:\\MPI");
   const std::string home(260 - std::string("\\Bin\\Qvx3DFlow.exe").size(), 'h');
-  EXPECT_FAULT(PrepareMpiCommand(context, "", home.c_str()),
+  const MpiProcesses processes = {"", home.c_str()};
+  EXPECT_FAULT(PrepareMpiCommand(context, processes),
                "ERROR: solver path is too long: width 260, length 260");
 }
 
