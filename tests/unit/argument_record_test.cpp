@@ -29,6 +29,15 @@ TEST(AllocateWeights, GivesAnArrayWithoutEntriesForNoProcess) {
   context.coolArgument.weights = nullptr;
 }
 
+TEST(AllocateWeights, LeavesTheRecordsEarlierOnesAlone) {
+  LauncherContext context;
+  double earlier[] = {0.5};  // releasing them would end the test
+  context.flowArgument.weights = earlier;
+  const std::span<double> weights = AllocateWeights(context.flowArgument, 1);
+  EXPECT_NE(weights.data(), earlier);
+  EXPECT_EQ(earlier[0], 0.5);
+}
+
 TEST(AllocateWeightsDeathTest, RefusesACountThatMemoryCannotHold) {
   LauncherContext context;
   EXPECT_FAULT(AllocateWeights(context.flowArgument, 2'000'000'000),

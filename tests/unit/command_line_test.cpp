@@ -296,6 +296,12 @@ TEST(HomeFolder, LosesOneTrailingBackslashOnly) {
   EXPECT_STREQ(Interpret({"L", "\\*p", "Qvx3DFlow.exe"}).context->homeFolder, "");
 }
 
+TEST(ProjectDirectory, KeepsATrailingBackslash) {
+  EXPECT_STREQ(
+      Interpret({"L", "h*D:\\P\\*n", "Qvx3DFlow.exe"}).context->flowArgument.projectDirectory,
+      "D:\\P\\");
+}
+
 TEST(HomeFolder, FitsWithoutItsBackslash) {
   const std::string longest(259, 'h');
   EXPECT_EQ(Interpret({"L", longest + "\\", "Qvx3DFlow.exe"}).context->homeFolder, longest);
