@@ -72,6 +72,7 @@ std::map<std::string, std::string> Site::Logs() const {
 std::string Site::Generic(std::string text) const {
   text = Replaced(std::move(text), "\\\\NODE1\\" + name_, "<share>");
   text = Replaced(std::move(text), Path(), "<site>");
+  text = Replaced(std::move(text), "c:\\node1\\" + name_, "<site>");  // the trace's lower case
   return Replaced(std::move(text), name_, "<name>");
 }
 
