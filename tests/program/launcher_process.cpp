@@ -120,9 +120,7 @@ bool LauncherProcess::WaitForOutput(const std::string& text) {
 
 bool LauncherProcess::SendCtrlC() const {
   const std::string commandLine = "send_ctrl_c " + std::to_string(process_.dwProcessId);
-  const int status = StatusOf(ProgramPath("tests\\send_ctrl_c.exe"), commandLine);
-  if (status != 0) fprintf(stderr, "XXX send_ctrl_c status %d\n", status);
-  return status == 0;
+  return StatusOf(ProgramPath("tests\\send_ctrl_c.exe"), commandLine) == 0;
 }
 
 std::size_t LauncherProcess::PeakWorkingSet() const {
