@@ -2,6 +2,7 @@
 
 #include <cstdarg>
 
+#include "execution/old_logs.h"
 #include "execution/write_whole.h"
 #include "support/bounded_text.h"
 
@@ -16,27 +17,8 @@ std::string LogTimestamp() {
   return timestamp;
 }
 
-ConsoleLogNames NameConsoleLog(const LauncherContext& context, const char* modePrefix,
-                               const std::string& timestamp) {
-  const std::string stem =
-      std::string(context.currentRunPath) + "\\" + modePrefix + TextsOf(context.solverClass).label;
-  return {stem + "_" + timestamp + ".txt", stem + "*.txt"};
-}
-
 DWORD CleanUpOldLogs(const LauncherContext& context, const std::string& pattern) {
-  WIN32_FIND_DATAA entry;
-  const HANDLE enumeration = FindFirstFileA(pattern.c_str(), &entry);
-  if (enumeration == INVALID_HANDLE_VALUE) return 0;
-  do {
-    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) continue;
-    char path[1024];
-    // The local run folder, whatever folder the pattern names: deliberate, kept as it stands.
-    FormatTruncated(path, "%s\\%s", context.localRunPath, entry.cFileName);
-    DeleteFileA(path);
-  } while (FindNextFileA(enumeration, &entry) != 0);
-  const DWORD error = GetLastError();
-  FindClose(enumeration);
-  return error;
+  return ForEachOldLog(context, pattern, [](const char* path) { DeleteFileA(path); });
 }
 
 int WriteLog(LauncherContext& context, HANDLE log, const char* format, ...) {

@@ -1,4 +1,4 @@
-// The console log of a launch: its name, the clean-up of earlier ones, and writing to it. The log
+// The console log of a launch: the clean-up of earlier ones, and writing to it. The log
 // is a file in the run folder that receives what the child prints, as bytes, without any
 // translation of line ends.
 #pragma once
@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "execution/console_log_name.h"
 #include "launcher/launcher_context.h"
 #include "support/printf_like.h"
 
@@ -15,15 +16,6 @@ namespace qvx {
 /// "2024-03-05_09-07-02": local time, no milliseconds. Two launches of one mode and class within a
 /// second share a log name.
 std::string LogTimestamp();
-
-struct ConsoleLogNames {
-  std::string path;
-  std::string cleanUpPattern;  ///< matches the logs of the same mode and solver class
-};
-
-/// `modePrefix`: "console_redirect_serial_" and the like. The folder is the current run path.
-ConsoleLogNames NameConsoleLog(const LauncherContext& context, const char* modePrefix,
-                               const std::string& timestamp);
 
 /// Deletes what matches `pattern`, folders excepted. Returns the last-error code that ended the
 /// enumeration, normally ERROR_NO_MORE_FILES, or 0 when nothing matched.

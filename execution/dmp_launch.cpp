@@ -2,22 +2,13 @@
 
 #include "execution/child_process.h"
 #include "execution/console_log.h"
-#include "execution/mpi_command_line.h"
 #include "execution/mpi_launch.h"
-#include "launcher/debug_trace.h"
-#include "launcher/locations.h"
 
 namespace qvx {
 namespace {
 
-void MoveRunPathToShare(LauncherContext& context) {
-  FormatCurrentRunPath(context);
-  Trace(context, "Current run path (remote) = %s\n", context.currentRunPath);
-}
-
 LaunchCommand PrepareDmpCommand(LauncherContext& context) {
-  return PrepareMpiCommand(context, HostsList(context.remoteMachineSettings),
-                           context.remoteHomePath);
+  return PrepareMpiCommand(context, DmpProcesses(context));
 }
 
 void WriteComputeNodes(LauncherContext& context, HANDLE log) {
@@ -29,7 +20,7 @@ void WriteComputeNodes(LauncherContext& context, HANDLE log) {
 }
 
 constexpr LaunchKind kDmpLaunch = {
-    .modePrefix = "console_redirect_dmp_",
+    .modePrefix = kDmpLogPrefix,
     .banner = kParallelBanner,
     .moveRunPath = MoveRunPathToShare,
     .prepareCommand = PrepareDmpCommand,

@@ -4,16 +4,10 @@
 
 #include <windows.h>
 
-#include <string>
-
+#include "execution/launch_command.h"
 #include "launcher/launcher_context.h"
 
 namespace qvx {
-
-struct LaunchCommand {
-  std::string commandLine;
-  std::string reportedPath;  ///< the executable that the return-value lines name
-};
 
 struct RunningChild {
   HANDLE process;

@@ -4,7 +4,6 @@
 
 #include "execution/child_process.h"
 #include "execution/console_log.h"
-#include "execution/mpi_command_line.h"
 #include "execution/mpi_launch.h"
 #include "support/console.h"
 
@@ -20,8 +19,7 @@ constexpr const char* kStartProcessManagerAdvice =
     "\"C:\\Program Files\\Intel MPI 4.0\\x64\\smpd-intel-4.0.3.009-x64.exe\" -install\n";
 
 LaunchCommand PrepareSmpCommand(LauncherContext& context) {
-  return PrepareMpiCommand(context, LocalProcesses(context.taskManagerSettings),
-                           context.homeFolder);
+  return PrepareMpiCommand(context, SmpProcesses(context));
 }
 
 /// Looks at each chunk alone; a sign that two reads cut apart is not recognised, kept as it stands.
@@ -38,7 +36,7 @@ bool EndWithoutProcessManager(LauncherContext& context, const RunningChild& chil
 }
 
 constexpr LaunchKind kSmpLaunch = {
-    .modePrefix = "console_redirect_smp_",
+    .modePrefix = kSmpLogPrefix,
     .banner = kParallelBanner,
     .moveRunPath = nullptr,
     .prepareCommand = PrepareSmpCommand,

@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "launcher/argument_record.h"
+#include "launcher/class_rule.h"
 #include "launcher/debug_trace.h"
 #include "launcher/lower_case_name.h"
 #include "support/bounded_text.h"
@@ -30,39 +31,12 @@ enum Token : int {
   kLastExtraText = kFirstExtraText + 2,
 };
 
-/// A lower-cased name that contains `text` belongs to a family; `whenIn3d` when it also contains
-/// "3d" anywhere, `otherwise` when not.
-struct ClassRule {
-  std::string_view text;
-  SolverClass whenIn3d;
-  SolverClass otherwise;
-};
-
-/// The first rule that matches decides. "qvx3dic" before "ic" is deliberate: it makes every such
-/// name that is not a PS name WS.
-constexpr ClassRule kClassRules[] = {
-    {"flow", SolverClass::Flow, SolverClass::ShellFlow},
-    {"pack", SolverClass::Pack, SolverClass::ShellPack},
-    {"cool", SolverClass::Cool, SolverClass::ShellCool},
-    {"warp", SolverClass::Warp, SolverClass::ShellWarp},
-    {"stress", SolverClass::Stress, SolverClass::Stress},
-    {"qvx3dicps", SolverClass::PS, SolverClass::PS},
-    {"qvx3dic", SolverClass::WS, SolverClass::WS},
-    {"optics", SolverClass::Optics, SolverClass::Optics},
-    {"ic", SolverClass::IC, SolverClass::IC},
-    {"fake", SolverClass::Flow, SolverClass::Flow},
-};
-
 template <typename Record>
 constexpr bool kIsShell = std::is_base_of_v<QVXShellSettings, Record>;
 
 template <typename Record>
 constexpr bool kTakesOption = kIsShell<Record> || std::is_same_v<Record, CQVXCoolArgument> ||
                               std::is_same_v<Record, CQVXWarpArgument>;
-
-bool Contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
-}
 
 std::int32_t ReadMoldingType(const LauncherContext& context, const char* firstArgument) {
   const char* marker = std::strchr(firstArgument, '$');
@@ -89,12 +63,10 @@ const char* SolverExecutableArgument(int argumentCount, char** arguments) {
 void ClassifySolver(LauncherContext& context) {
   std::string name = context.solverExecutableName;
   LowerCaseName(context, name);
-  for (const ClassRule& rule : kClassRules) {
-    if (!Contains(name, rule.text)) continue;
-    context.solverClass = Contains(name, "3d") ? rule.whenIn3d : rule.otherwise;
-    Trace(context, "SolverClass=%s\n", TextsOf(context.solverClass).name);
-    return;
-  }
+  const ClassRule* rule = FindClassRule(name);
+  if (rule == nullptr) return;
+  context.solverClass = ClassOf(*rule, name);
+  Trace(context, "SolverClass=%s\n", TextsOf(context.solverClass).name);
 }
 
 template <typename Record>

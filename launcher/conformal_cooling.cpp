@@ -24,6 +24,20 @@ int ApplyConformalCoolingSetting(LauncherContext& context) {
   return 0;
 }
 
+void BeginFlowPass(LauncherContext& context) {
+  CopyCoolArgumentToFlowArgument(context);
+  context.solverClass = SolverClass::Flow;
+  CopyText(context.savedSolverExecutableName, "saved solver executable name",
+           context.solverExecutableName);
+  CopyText(context.solverExecutableName, "solver executable name", "Qvx3DFlow.exe");
+}
+
+void BeginCoolPass(LauncherContext& context) {
+  context.solverClass = SolverClass::Cool;
+  CopyText(context.solverExecutableName, "solver executable name",
+           context.savedSolverExecutableName);
+}
+
 int CopyCoolArgumentToFlowArgument(LauncherContext& context) {
   const CQVXCoolArgument& cool = context.coolArgument;
   CQVXFlowFlowEPackArgument& flow = context.flowArgument;

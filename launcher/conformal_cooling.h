@@ -10,6 +10,12 @@ namespace qvx {
 /// it alone, and the file unread, for a solver class that always runs serially. Returns 0.
 int ApplyConformalCoolingSetting(LauncherContext& context);
 
+/// Makes the context that of the flow solver's pass, before the cooling solver's own.
+void BeginFlowPass(LauncherContext& context);
+
+/// Makes the context that of the cooling solver's pass again.
+void BeginCoolPass(LauncherContext& context);
+
 /// Copies the run's arguments from the cooling into the flow record, weights included. Returns 0.
 int CopyCoolArgumentToFlowArgument(LauncherContext& context);
 

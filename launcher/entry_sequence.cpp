@@ -4,16 +4,13 @@
 
 #include <new>
 
-#include "execution/mpi_configuration.h"
-#include "launcher/command_line.h"
 #include "launcher/conformal_cooling.h"
 #include "launcher/console_control_handler.h"
 #include "launcher/debug_trace.h"
 #include "launcher/launcher_context.h"
-#include "launcher/locations.h"
 #include "launcher/process_wide_values.h"
 #include "launcher/run_driver.h"
-#include "support/bounded_text.h"
+#include "launcher/run_preparation.h"
 #include "support/console.h"
 #include "support/fault.h"
 
@@ -23,16 +20,10 @@ namespace {
 /// The flow solver first, then the cooling solver. Only a cancel skips the second pass: after a
 /// first pass that failed, the second one's result counts.
 int RunConformalCooling(LauncherContext& context) {
-  CopyCoolArgumentToFlowArgument(context);
-  context.solverClass = SolverClass::Flow;
-  CopyText(context.savedSolverExecutableName, "saved solver executable name",
-           context.solverExecutableName);
-  CopyText(context.solverExecutableName, "solver executable name", "Qvx3DFlow.exe");
+  BeginFlowPass(context);
   const int flowResult = RunDriver(context);
   if (cancelFlag != 0) return flowResult;
-  context.solverClass = SolverClass::Cool;
-  CopyText(context.solverExecutableName, "solver executable name",
-           context.savedSolverExecutableName);
+  BeginCoolPass(context);
   return RunDriver(context);
 }
 
@@ -56,16 +47,7 @@ int RunEntrySequence(int argumentCount, char** arguments) try {
   if (!RegisterConsoleControlHandler()) Print("ERROR: Could not set control handler\n");
   LauncherContext context;
   SwitchDebugTrace(context);
-  InterpretCommandLine(context, argumentCount, arguments);
-  ReadParallelFolderName(context);
-  BuildCmxPath(context);
-  BuildCurrentRunPath(context);
-  BuildRemoteHomePath(context);
-  if (context.solverClass == SolverClass::Cool || context.solverClass == SolverClass::Warp) {
-    ReadMultiShotSettings(context.cmxPath, context.multiShotSettings);
-  }
-  context.conformalCoolingFlag = 0;
-  if (context.solverClass == SolverClass::Cool) ApplyConformalCoolingSetting(context);
+  PrepareRun(context, argumentCount, arguments);
   const int result =
       context.conformalCoolingFlag != 0 ? RunConformalCooling(context) : RunDriver(context);
   CountDown();

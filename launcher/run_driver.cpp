@@ -2,7 +2,7 @@
 
 #include "execution/argument_string.h"
 #include "execution/dmp_launch.h"
-#include "execution/mpi_configuration.h"
+#include "execution/mpi_accounts.h"
 #include "execution/parallel_settings.h"
 #include "execution/serial_launch.h"
 #include "execution/smp_launch.h"

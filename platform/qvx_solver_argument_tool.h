@@ -162,5 +162,5 @@ class QVX_SOLVER_ARGUMENT_TOOL_API CQVXSolverArgumentTool {
   const char* CreateOpticsArgument(const CQVXOpticsArgument& argument);
 
  private:
-  char text_[4096];
+  [[maybe_unused]] char text_[4096];  ///< the library's
 };

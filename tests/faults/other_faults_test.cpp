@@ -14,21 +14,13 @@
 #include "launcher/entry_sequence.h"
 #include "launcher/lower_case_name.h"
 #include "tests/faults/failing_allocation.h"
+#include "tests/faults/imported_member.h"
 #include "tests/support/expect_fault.h"
 #include "tests/support/import_patch.h"
 #include "tests/windows/launch_fixture.h"
 
 extern "C" {
 extern void* __imp_CreateProcessA;
-extern void* __imp__ZN11CQVXMPIToolC1Ev;
-extern void* __imp__ZN11CQVXMPITool40GetIntelMPIConfigurationStringForMpiexecEPKw;
-extern void* __imp__ZN22CQVXSolverArgumentToolD1Ev;
-extern void* __imp__ZN22CQVXSolverArgumentTool20CreateOpticsArgumentERK18CQVXOpticsArgument;
-extern void*
-    __imp__ZN22CQVXSolverArgumentTool27CreateFlowFlowEPackArgumentERK25CQVXFlowFlowEPackArgument;
-extern void* __imp__ZN15CQVXUnicodeTool11AnsiToUtf16EPKcPwi;
-extern void* __imp__ZN15CQVXUnicodeTool11Utf16ToAnsiEPKwPci;
-extern void* __imp__ZN15CQVXUnicodeTool11Utf16ToUtf8EPKwRPc;
 
 // throwing_library
 __declspec(dllimport) void ThrowRuntimeError();
@@ -86,8 +78,9 @@ void SayThatItGoes(void*) { std::fputs("built objects are destroyed\n", stderr);
 /// Every call through `slot` throws, in a run of a class that needs no CMX file.
 [[noreturn]] void RunWhileLibraryThrows(void** slot, void (*throwing)()) {
   const test::ImportPatch operation(slot, reinterpret_cast<void*>(throwing));
-  const test::ImportPatch destructor(&__imp__ZN22CQVXSolverArgumentToolD1Ev,
-                                     reinterpret_cast<void*>(SayThatItGoes));
+  const test::ImportPatch destructor(
+      test::ImportedMember("CQVXSolverArgumentTool", test::kDestructor),
+      reinterpret_cast<void*>(SayThatItGoes));
   char program[] = "launcher";
   char tokens[] = "";
   char solver[] = "Qvx3DOptics.exe";
@@ -96,9 +89,8 @@ void SayThatItGoes(void*) { std::fputs("built objects are destroyed\n", stderr);
 }
 
 TEST(ClosedLibrary, WhoseConstructorOrOperationThrowsEndsTheLauncher) {
-  void** const constructor = &__imp__ZN11CQVXMPIToolC1Ev;
-  void** const operation =
-      &__imp__ZN22CQVXSolverArgumentTool20CreateOpticsArgumentERK18CQVXOpticsArgument;
+  void** const constructor = test::ImportedMember("CQVXMPITool", test::kConstructor);
+  void** const operation = test::ImportedMember("CQVXSolverArgumentTool", {"CreateOpticsArgument"});
   EXPECT_FAULT(RunWhileLibraryThrows(constructor, ThrowRuntimeError),
                "built objects are destroyed\r?\nERROR: unexpected exception");
   EXPECT_FAULT(RunWhileLibraryThrows(operation, ThrowBadAlloc),
@@ -111,7 +103,7 @@ TEST(ClosedLibrary, ThatGivesNoArgumentTextGivesAnEmptyOne) {
   LauncherContext context;
   context.solverArgumentString[0] = 'x';
   const test::ImportPatch patch(
-      &__imp__ZN22CQVXSolverArgumentTool27CreateFlowFlowEPackArgumentERK25CQVXFlowFlowEPackArgument,
+      test::ImportedMember("CQVXSolverArgumentTool", {"CreateFlowFlowEPackArgument"}),
       reinterpret_cast<void*>(NoText));
   BuildSolverArgumentString(context);
   EXPECT_STREQ(context.solverArgumentString, "");
@@ -121,8 +113,8 @@ int Refuse(const CQVXUnicodeTool*, const void*, void*, int) { return -1; }
 
 TEST(LowerCaseName, LeavesATextThatCannotBeConverted) {
   LauncherContext context;
-  for (void** slot : {&__imp__ZN15CQVXUnicodeTool11AnsiToUtf16EPKcPwi,
-                      &__imp__ZN15CQVXUnicodeTool11Utf16ToAnsiEPKwPci}) {
+  for (void** slot : {test::ImportedMember("CQVXUnicodeTool", {"AnsiToUtf16"}),
+                      test::ImportedMember("CQVXUnicodeTool", {"Utf16ToAnsi"})}) {
     const test::ImportPatch patch(slot, reinterpret_cast<void*>(Refuse));
     std::string name = "Qvx3DFlow.exe";
     LowerCaseName(context, name);
@@ -140,12 +132,13 @@ TEST(MpiLaunch, DoesWithoutAConfigurationThatIsNotThereOrCannotBeConverted) {
   mpiInstallPath.Set("C:\\MPI");
   const test::EnvironmentVariable versionCheck("I_MPI_SMPD_VERSION_CHECK");
   const std::pair<void**, void*> failures[] = {
-      {&__imp__ZN11CQVXMPITool40GetIntelMPIConfigurationStringForMpiexecEPKw,
+      {test::ImportedMember("CQVXMPITool", {"GetIntelMPIConfigurationStringForMpiexec"}),
        reinterpret_cast<void*>(NoWideText)},
-      {&__imp__ZN15CQVXUnicodeTool11Utf16ToUtf8EPKwRPc, reinterpret_cast<void*>(ConvertNothing)}};
+      {test::ImportedMember("CQVXUnicodeTool", {"Utf16ToUtf8"}),
+       reinterpret_cast<void*>(ConvertNothing)}};
   for (const auto& [slot, function] : failures) {
     const test::ImportPatch patch(slot, function);
-    EXPECT_EQ(PrepareMpiCommand(context, "-n 4", "C:\\Q").commandLine,
+    EXPECT_EQ(PrepareMpiCommand(context, {"-n 4", "C:\\Q"}).commandLine,
               "C:\\MPI\\impiexec.exe -env 0 0 -n 4  \"C:\\Q\\Bin\\\" ");
   }
 }

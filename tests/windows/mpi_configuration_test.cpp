@@ -9,6 +9,7 @@
 #include <string>
 #include <system_error>
 
+#include "execution/mpi_accounts.h"
 #include "execution/mpi_launch.h"
 #include "launcher/argument_record.h"
 #include "support/bounded_text.h"
@@ -64,9 +65,10 @@ TEST_F(MpiInstallationPath, TakesUpTo259CharactersWithOrWithoutATerminatingZero)
 TEST_F(MpiInstallationPath, MayMakeAPathOfImpiexecTooLong) {
   const std::string longest(259 - std::string("\\impiexec.exe").size(), 'm');
   value.Set(longest);
-  EXPECT_EQ(PrepareMpiCommand(context, "", "").reportedPath, longest + "\\impiexec.exe");
+  EXPECT_EQ(PrepareMpiCommand(context, MpiProcesses{"", ""}).reportedPath,
+            longest + "\\impiexec.exe");
   value.Set(longest + "m");
-  EXPECT_FAULT(PrepareMpiCommand(context, "", ""),
+  EXPECT_FAULT(PrepareMpiCommand(context, MpiProcesses{"", ""}),
                "ERROR: impiexec.exe path is too long: width 260, length 260");
 }
 
@@ -78,7 +80,7 @@ TEST(MpiCommand, CreatesTheUsersConfigurationFolder) {
   std::filesystem::remove(product, ignored);
   const test::EnvironmentVariable versionCheck("I_MPI_SMPD_VERSION_CHECK");
   LauncherContext context;
-  PrepareMpiCommand(context, "-n 4", "C:\\Q");
+  PrepareMpiCommand(context, {"-n 4", "C:\\Q"});
   EXPECT_TRUE(std::filesystem::is_directory(product / "Quorvex R13.0"));
 }
 

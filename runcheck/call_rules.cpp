@@ -1,0 +1,280 @@
+#include "runcheck/call_rules.h"
+
+#include <algorithm>
+#include <string>
+
+#include "runcheck/cmx_facts.h"
+#include "runcheck/similar_name.h"
+#include "support/numbers.h"
+
+namespace qvx::runcheck {
+namespace {
+
+constexpr const char* kTokenNames[] = {"home folder", "project directory", "project name", "option",
+                                       "run number"};
+
+bool IsInteger(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  return IsPlainNumber(text);
+}
+
+/// True when the arguments were one text that a blank cut.
+bool IsCutByBlank(const CallFacts& facts) {
+  if (facts.arguments.size() <= 3) return false;
+  std::string joined = facts.arguments[1];
+  for (std::size_t i = 2; i + 1 < facts.arguments.size(); ++i) joined += " " + facts.arguments[i];
+  const auto stars = [](std::string_view text) { return std::ranges::count(text, '*'); };
+  return stars(facts.arguments[1]) < 4 && stars(joined) >= 4;
+}
+
+void CheckArgumentCount(const CallFacts& facts, Diagnostics& found) {
+  const std::size_t count = facts.arguments.size();
+  if (count == 2) {
+    found.push_back(Diagnostic("call-solver", "the call names no solver"));
+  } else if (count > 3) {
+    found.push_back(
+        Diagnostic("call-extra-arguments", "the call has " + std::to_string(count) + " arguments"));
+  }
+}
+
+bool CheckQuotationMarks(const CallFacts& facts, Diagnostics& found) {
+  for (const std::string& argument : facts.arguments) {
+    if (argument.find('"') == std::string::npos) continue;
+    found.push_back(Diagnostic("call-quotation-mark", argument + " holds a quotation mark"));
+    return true;
+  }
+  return false;
+}
+
+void CheckMoldingType(const CallFacts& facts, Diagnostics& found) {
+  if (!TakesMoldingType(facts.family)) return;
+  const std::string& first = facts.arguments[0];
+  const std::size_t marker = first.find('$');
+  if (marker == std::string::npos) {
+    found.push_back(Diagnostic("molding-type", "no $ stands in " + first)
+                        .Because("the launcher would take -1 as the molding type"));
+    return;
+  }
+  // A shell solver's tokens may stand behind it by mistake; that has its own rule.
+  const std::string behind = first.substr(marker + 1);
+  const std::string text = behind.substr(0, behind.find('*'));
+  if (text.find('$') != std::string::npos) {
+    found.push_back(Diagnostic("molding-type", first + " holds more than one $")
+                        .Because("the launcher would read the molding type behind the first one"));
+  } else if (!IsInteger(text)) {
+    const std::string what = text.empty() ? "nothing" : text;
+    found.push_back(Diagnostic("molding-type", what + " stands behind $, no number")
+                        .Because("the launcher would take " +
+                                 std::to_string(ParseInteger(text.substr(0, 7).c_str())) +
+                                 " as the molding type"));
+  } else if (text.size() > 7) {
+    found.push_back(
+        Diagnostic("molding-type", "the molding type " + text + " has more than 7 digits")
+            .Because("the launcher would take " + text.substr(0, 7)));
+  }
+}
+
+/// The tokens stand where this family does not read them. True when nothing else can be said.
+bool CheckForm(const CallFacts& facts, Diagnostics& found) {
+  const auto stars = [](std::string_view text) { return std::ranges::count(text, '*'); };
+  const std::string family = TextsOf(facts.family).name;
+  if (facts.isShell && stars(facts.arguments[0]) < 4 && stars(facts.arguments[1]) >= 4) {
+    found.push_back(Diagnostic("call-form", facts.solver + " is a shell solver (" + family +
+                                                ") and its tokens stand in the second argument"));
+    return true;
+  }
+  if (!facts.isShell && stars(facts.arguments[0]) >= 4 && stars(facts.arguments[1]) < 4) {
+    found.push_back(Diagnostic("call-form", facts.solver + " is no shell solver (" + family +
+                                                ") and its tokens stand in the first argument"));
+    return true;
+  }
+  return false;
+}
+
+bool CheckSeparator(const CallFacts& facts, Diagnostics& found) {
+  if (facts.tokens.size() > 1) return false;
+  for (const char separator : {';', '|', ',', '+', '\t'}) {
+    if (std::ranges::count(facts.tokenSource, separator) < 3) continue;
+    std::string right(facts.tokenSource);
+    std::ranges::replace(right, separator, '*');
+    found.push_back(
+        Diagnostic("call-separator", std::string("the tokens are separated by ") +
+                                         (separator == '\t' ? "tabs" : std::string(1, separator)) +
+                                         " and not by *")
+            .Suggest(right, "the list is written " + right));
+    return true;
+  }
+  return false;
+}
+
+bool LooksLikePath(std::string_view text) {
+  return text.find('\\') != std::string_view::npos || text.find(':') != std::string_view::npos ||
+         text.find('/') != std::string_view::npos;
+}
+
+/// True when the tokens can be taken for what they are.
+bool CheckTokenCount(const CallFacts& facts, Diagnostics& found) {
+  const std::size_t count = facts.tokens.size();
+  if (facts.hasEmptyToken) {
+    std::string right(facts.tokenSource);
+    for (std::size_t at = 0; (at = right.find("**", at)) != std::string::npos; ++at) {
+      right.insert(at + 1, "0");
+    }
+    found.push_back(Diagnostic("call-empty-token", "the token list holds an empty token")
+                        .Suggest(right, "a token that is not needed is written 0"));
+    return false;
+  }
+  if (count < kTokenCount) {
+    found.push_back(Diagnostic("call-tokens", "the token list holds " + std::to_string(count) +
+                                                  " of 5 tokens: the " + kTokenNames[count] +
+                                                  " is missing"));
+    return false;
+  }
+  const std::size_t most = facts.isShell ? 8 : 5;
+  if (count > most) {
+    found.push_back(Diagnostic("call-tokens", "the token list holds " + std::to_string(count) +
+                                                  " tokens, more than " + std::to_string(most))
+                        .As(kWarning)
+                        .Because("the launcher would ignore the rest")
+                        .Help("a * in a name cuts it in two tokens"));
+  }
+  return true;
+}
+
+/// True when every token can be what its place says.
+bool CheckTokenOrder(const CallFacts& facts, Diagnostics& found) {
+  const std::string wrong =
+      LooksLikePath(facts.Token(kName))     ? "the project name is " + facts.Token(kName)
+      : LooksLikePath(facts.Token(kOption)) ? "the option is " + facts.Token(kOption)
+      : LooksLikePath(facts.Token(kRun))    ? "the run number is " + facts.Token(kRun)
+                                            : "";
+  if (!wrong.empty()) {
+    found.push_back(Diagnostic("call-token-order", wrong + ", a path"));
+    return false;
+  }
+  // A number where the name belongs and a name behind it.
+  const bool nameIsLate = IsInteger(facts.Token(kName)) && !IsInteger(facts.Token(kOption));
+  const bool runIsEarly = !IsInteger(facts.Token(kRun)) && IsInteger(facts.Token(kOption)) &&
+                          facts.Token(kOption).size() > 1 && facts.Token(kOption).starts_with('0');
+  if (nameIsLate && !IsInteger(facts.Token(kRun))) {
+    found.push_back(Diagnostic("call-token-order", "the project name is " + facts.Token(kName) +
+                                                       " and the option is " +
+                                                       facts.Token(kOption)));
+  } else if (runIsEarly) {
+    found.push_back(Diagnostic(
+        "call-token-order",
+        "the option is " + facts.Token(kOption) + " and the run number is " + facts.Token(kRun)));
+  } else {
+    return true;
+  }
+  return false;
+}
+
+void CheckBlanks(const CallFacts& facts, Diagnostics& found) {
+  const auto check = [&](const std::string& what, const std::string& text) {
+    const std::string clean(TrimmedOfInvisible(text));
+    if (clean == text || clean.empty()) return;
+    found.push_back(Diagnostic("call-blank", "a blank stands beside the " + what + " " + clean)
+                        .Suggest(clean, "it is written " + clean));
+  };
+  for (std::size_t i = 0; i < std::min<std::size_t>(facts.tokens.size(), kTokenCount); ++i) {
+    // Numbers are read with blanks before them.
+    if (i != kOption) check(kTokenNames[i], facts.tokens[i]);
+  }
+  if (facts.arguments.size() > 2) check("solver", facts.solver);
+}
+
+void CheckOption(const CallFacts& facts, Diagnostics& found) {
+  const std::string option = facts.Token(kOption);
+  if (!TakesOption(facts.family) || IsInteger(TrimmedOfInvisible(option))) return;
+  const std::string number = std::to_string(ParseInteger(option.c_str()));
+  found.push_back(Diagnostic("option-value", "the option is " + option + ", no number")
+                      .Because("the launcher would read it as " + number));
+}
+
+void CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
+  const std::string run(TrimmedOfInvisible(facts.Token(kRun)));
+  if (run.empty() || IsInteger(run)) return;
+  Diagnostic diagnostic("run-number", "the run number is " + run + ", no number");
+  if (facts.isShell) {
+    diagnostic.Grave().Because("the launcher would take the folder Run" +
+                               std::string(ParseInteger(run.c_str()) < 10 ? "0" : "") +
+                               std::to_string(ParseInteger(run.c_str())));
+  } else if (AsciiLower(run).starts_with("run")) {
+    diagnostic.Grave()
+        .Because("the launcher would look in the folder Run" + run)
+        .Suggest(run.substr(3), "the run number is written " + run.substr(3));
+  }
+  found.push_back(diagnostic);
+}
+
+/// "ic" as a word of its own: Ic.exe, QvxIC.exe, Qvx-IC-2.exe.
+bool IsWordIc(std::string_view name) {
+  for (std::size_t at = 0; (at = AsciiLower(name).find("ic", at)) != std::string::npos; ++at) {
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    const bool isCapital = name[at] == 'I' && name[at + 1] == 'C';
+    const bool opens =
+        at == 0 || !isLetter(name[at - 1]) || isCapital || AsciiLower(name.substr(0, at)) == "qvx";
+    const bool ends = at + 2 == name.size() || !isLetter(name[at + 2]);
+    if (opens && ends) return true;
+  }
+  return false;
+}
+
+void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
+  if (facts.arguments.size() < 3) return;
+  const std::string& solver = facts.solver;
+  if (LooksLikePath(solver)) {
+    const std::string name = solver.substr(solver.find_last_of("\\/:") + 1);
+    found.push_back(Diagnostic("solver-path", "the solver " + solver + " holds a path")
+                        .Suggest(name, "the solver is written " + name));
+    return;
+  }
+  const std::string family = TextsOf(facts.family).name;
+  if (facts.rule == nullptr) {
+    found.push_back(Diagnostic("solver-name", "no rule fits the solver's name " + solver));
+    return;
+  }
+  const std::string lower = AsciiLower(solver);
+  if (facts.rule->text == "ic" && !IsWordIc(solver)) {
+    found.push_back(
+        Diagnostic("solver-rule", solver + " runs as IC because its name contains ic").Grave());
+  } else if (facts.rule->text == "qvx3dic") {
+    found.push_back(
+        Diagnostic("solver-rule", solver + " runs as WS because its name contains qvx3dic")
+            .Help("PS has names with qvx3dicps, IC names without qvx3d"));
+  }
+  // The first family word counts: another one in the name has no say.
+  for (const std::string_view word : {"flow", "pack", "cool", "warp", "stress", "optics"}) {
+    if (word == facts.rule->text || lower.find(word) == std::string::npos) continue;
+    found.push_back(Diagnostic("solver-rule", solver + " runs as " + family +
+                                                  " although its name contains " +
+                                                  std::string(word))
+                        .Grave());
+    return;
+  }
+}
+
+}  // namespace
+
+bool CheckCall(const CallFacts& facts, Diagnostics& found) {
+  if (IsCutByBlank(facts)) {
+    found.push_back(Diagnostic("call-unquoted-blank",
+                               "a blank cuts the token list behind " + facts.arguments[1]));
+    return false;
+  }
+  const bool hasMarks = CheckQuotationMarks(facts, found);
+  CheckMoldingType(facts, found);
+  CheckArgumentCount(facts, found);
+  if (facts.arguments.size() < 3) return false;
+  CheckSolverName(facts, found);
+  CheckBlanks(facts, found);
+  if (CheckForm(facts, found) || CheckSeparator(facts, found)) return false;
+  if (!CheckTokenCount(facts, found)) return false;
+  const bool isOrdered = CheckTokenOrder(facts, found);
+  CheckOption(facts, found);
+  CheckRunNumber(facts, found);
+  return isOrdered && !hasMarks;
+}
+
+}  // namespace qvx::runcheck

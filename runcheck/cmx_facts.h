@@ -1,0 +1,59 @@
+// What the rules know of a run's CMX file: its lines, what each reader takes of them, and whether a
+// local run is meant.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "launcher/solver_class.h"
+#include "runcheck/cmx_lines.h"
+
+namespace qvx::runcheck {
+
+class CmxFacts {
+ public:
+  CmxFacts(CmxFile file, SolverClass solverClass);
+  CmxFacts(const CmxFacts&) = delete;
+  CmxFacts& operator=(const CmxFacts&) = delete;
+
+  const CmxFile& File() const { return file_; }
+  const std::vector<CmxLine>& Lines() const { return lines_.lines; }
+  SolverClass Family() const { return solverClass_; }
+
+  /// Of the sections that are read for the solver class alone, in the order of their reading.
+  const std::vector<SectionReading>& Readings() const { return readings_; }
+  /// Null for a section that is not read.
+  const SectionReading* Reading(const CmxSection& section) const;
+
+  /// As the launcher decides.
+  bool IsDistributed() const { return isDistributed_; }
+  /// Several machines are asked for, and not by a slip.
+  bool IsMeantDistributed() const { return isDistributed_ && !localIsMeant_; }
+  bool IsSharedMemory() const;
+
+  /// True when what the section says has an effect on the run.
+  bool Matters(const CmxSection& section) const;
+
+ private:
+  CmxFile file_;
+  CmxLines lines_;
+  SolverClass solverClass_;
+  std::vector<SectionReading> readings_;
+  bool isDistributed_ = false;
+  bool localIsMeant_ = false;
+};
+
+/// True for what a person who wants a local run may write as `IDTaskMode`.
+bool MeansLocal(std::string_view taskMode);
+
+/// `value` without what often stands around it by mistake: blanks, quotation marks, a comment.
+std::string Cleaned(std::string_view value);
+
+/// Tabs, no-break spaces, carriage returns and other bytes that look like nothing; spaces too.
+std::string_view TrimmedOfInvisible(std::string_view text);
+
+/// Digits alone, at most ten.
+bool IsPlainNumber(std::string_view text);
+
+}  // namespace qvx::runcheck

@@ -1,0 +1,251 @@
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "runcheck/cmx_rules.h"
+#include "runcheck/similar_name.h"
+
+namespace qvx::runcheck {
+namespace {
+
+constexpr std::size_t kLongestShownKey = 64;
+
+bool IsComment(std::string_view text) {
+  text = TrimmedOfInvisible(text);
+  return text.empty() || std::string_view(";#/!'*-").find(text.front()) != std::string_view::npos;
+}
+
+const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
+  const std::string lower = AsciiLower(name);
+  for (const CmxKey& key : section.keys) {
+    if (AsciiLower(key.name) == lower) return &key;
+  }
+  return nullptr;
+}
+
+const CmxKey* FindSimilar(const CmxSection& section, std::string_view name) {
+  std::vector<std::string_view> names;
+  for (const CmxKey& key : section.keys) names.push_back(key.name);
+  return FindKey(section, MostSimilar(name, names));
+}
+
+std::string WithoutInvisible(std::string_view text) {
+  std::string plain(text);
+  std::erase_if(plain, [](char c) { return TrimmedOfInvisible({&c, 1}).empty(); });
+  return plain;
+}
+
+/// The section, other than `own`, that knows `name`; `Version` is everybody's.
+const CmxSection* OtherSection(const CmxSection& own, std::string_view name) {
+  for (const CmxSection* section : kSections) {
+    if (section != &own && name != "Version" && FindKey(*section, name) != nullptr) return section;
+  }
+  return nullptr;
+}
+
+/// Goes through one section and remembers which keys its findings speak of.
+class KeyRules {
+ public:
+  KeyRules(const CmxFacts& facts, const SectionReading& reading, Diagnostics& found)
+      : facts_(facts), reading_(reading), found_(found) {}
+
+  void Check() {
+    for (const SettingLine& setting : reading_.settings) {
+      if (setting.role != LineRole::Setting || setting.key.empty()) continue;
+      if (FindKey(*reading_.section, setting.key) != nullptr) continue;
+      if (IsTagLike(facts_, *setting.line) || IsComment(setting.line->text)) continue;
+      CheckUnknown(setting);
+    }
+    CheckOutside();
+    CheckTwice();
+    if (!reading_.openings.empty()) CheckMissing();
+  }
+
+ private:
+  const CmxSection& Section() const { return *reading_.section; }
+
+  /// True when the run turns out differently because `key` is not set, `value` being what was
+  /// meant.
+  bool Changes(const CmxKey& key, std::string_view value) const {
+    if (reading_.Find(key.name) != nullptr) return false;
+    switch (key.use) {
+      case KeyUse::Mode:
+        return Cleaned(value) != "1";
+      case KeyUse::MachineCount:
+      case KeyUse::Host:
+      case KeyUse::Folder:
+      case KeyUse::MachineBlock:
+        return true;
+      case KeyUse::Flag:
+        return &Section() == &kSolidCoolSection && Cleaned(value) == "1";
+      default:
+        return false;
+    }
+  }
+
+  void Add(Diagnostic diagnostic, const CmxKey& meant, const SettingLine& setting,
+           std::string_view value) {
+    const bool grave = Changes(meant, value);
+    diagnostic.Grave(grave);
+    if (grave && meant.use == KeyUse::Mode) {
+      diagnostic.Because("the launcher would ignore the line and run distributed");
+    }
+    explained_.insert(meant.name);
+    found_.push_back(diagnostic.At(KeyRange(facts_.File(), setting), setting.line->whole));
+  }
+
+  void CheckUnknown(const SettingLine& setting) {
+    const std::string section(Section().name);
+    const std::string written(Trimmed(setting.rawKey));
+    if (CheckSeparator(setting)) return;
+    const auto written_as = [&](const CmxKey& key) {
+      return "a key of this section is written " + std::string(key.name);
+    };
+    if (const CmxKey* key = FindKey(Section(), WithoutInvisible(setting.key))) {
+      Add(Diagnostic("cmx-key-blank",
+                     "an invisible character stands beside " + std::string(key->name))
+              .Suggest(std::string(key->name), written_as(*key)),
+          *key, setting, setting.value);
+    } else if (key = FindInAnyCase(Section(), setting.key); key != nullptr) {
+      Add(Diagnostic("cmx-key-case", written + " is not written " + std::string(key->name))
+              .Suggest(std::string(key->name), written_as(*key)),
+          *key, setting, setting.value);
+    } else if (const CmxSection* other = OtherSection(Section(), setting.key)) {
+      found_.push_back(
+          Diagnostic("cmx-key-section",
+                     written + " is a key of " + std::string(other->name) + ", not of " + section)
+              .Suggest(std::string(other->name), "it is moved into " + std::string(other->name))
+              .At(KeyRange(facts_.File(), setting), setting.line->whole));
+    } else if (key = FindSimilar(Section(), setting.key); key != nullptr) {
+      Add(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
+              .As(kWarning)
+              .Suggest(std::string(key->name), written_as(*key)),
+          *key, setting, setting.value);
+    } else if (setting.hasEquals && setting.key.size() <= kLongestShownKey &&
+               !IsStrayEntry(setting)) {
+      found_.push_back(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
+                           .At(KeyRange(facts_.File(), setting), setting.line->whole));
+    }
+  }
+
+  /// A line of a block that is over or was never opened: the block's own rules speak of it.
+  bool IsStrayEntry(const SettingLine& setting) const {
+    return &Section() == &kRemoteMachinesSection &&
+           (IsPlainNumber(setting.key) || setting.value.find('\t') != std::string::npos);
+  }
+
+  /// "IDTaskMode: 0", "IDTaskMode 0", "IDTaskMode := 0"
+  bool CheckSeparator(const SettingLine& setting) {
+    const std::string_view text = TrimmedOfInvisible(setting.line->text);
+    for (const CmxKey& key : Section().keys) {
+      if (!AsciiLower(text).starts_with(AsciiLower(key.name))) continue;
+      const std::string_view rest = text.substr(key.name.size());
+      const std::size_t valueAt = rest.find_first_not_of(" \t:=->,;");
+      const std::string_view separator = rest.substr(0, valueAt);
+      if (separator.empty() || valueAt == std::string_view::npos) continue;
+      if (Trimmed(separator) == "=" || TrimmedOfInvisible(separator) == "=") continue;
+      const std::string_view value = rest.substr(valueAt);
+      const std::string right = std::string(key.name) + " = " + std::string(value);
+      const std::string_view between = TrimmedOfInvisible(separator);
+      Add(Diagnostic("cmx-separator", between.empty() ? "no = stands between " +
+                                                            std::string(key.name) + " and its value"
+                                                      : std::string(key.name) + " is followed by " +
+                                                            std::string(between) + " and not by =")
+              .Suggest(right, "the line is written " + right),
+          key, setting, value);
+      return true;
+    }
+    return false;
+  }
+
+  /// Keys of this section outside every section that is read, when the section does not hold them.
+  void CheckOutside() {
+    for (const CmxLine& line : facts_.Lines()) {
+      const bool isInside = std::ranges::any_of(facts_.Readings(), [&](const auto& reading) {
+        return std::ranges::any_of(
+            reading.settings, [&](const SettingLine& setting) { return setting.line == &line; });
+      });
+      const std::size_t equals = line.text.find('=');
+      if (isInside || equals == std::string_view::npos || equals > 64) continue;
+      const std::string_view name = Trimmed(line.text.substr(0, equals));
+      const CmxKey* key = FindKey(Section(), name);
+      if (key == nullptr || key->use == KeyUse::Shown || reading_.Find(name) != nullptr) continue;
+      if (reading_.openings.empty() || explained_.contains(name)) continue;
+      explained_.insert(key->name);
+      const std::size_t start = line.column + line.text.find_first_not_of(' ');
+      found_.push_back(
+          Diagnostic("cmx-key-section",
+                     std::string(name) + " stands outside " + std::string(Section().name))
+              .Grave(Changes(*key, line.text.substr(equals + 1)))
+              .Help("it is moved into " + std::string(Section().name))
+              .At(RangeIn(facts_.File(), line, start, start + name.size()), line.whole));
+    }
+  }
+
+  void CheckTwice() {
+    for (const CmxKey& key : Section().keys) {
+      const SettingLine* last = reading_.Find(key.name);
+      if (key.use == KeyUse::Shown || last == nullptr) continue;
+      if (key.use == KeyUse::MachineBlock || key.use == KeyUse::WeightingBlock) continue;
+      for (const SettingLine& setting : reading_.settings) {
+        if (setting.role != LineRole::Setting || setting.key != key.name) continue;
+        if (setting.value == last->value) continue;
+        const bool grave = (key.use == KeyUse::Mode && setting.value == "0") ||
+                           (key.use != KeyUse::Mode && Changes(key, setting.value));
+        found_.push_back(Diagnostic("cmx-key-twice", std::string(key.name) + " is set to " +
+                                                         setting.value + " in line " +
+                                                         std::to_string(setting.line->number) +
+                                                         " and to " + last->value + " here")
+                             .Grave(grave)
+                             .At(LineRange(facts_.File(), *last->line), last->line->whole));
+        break;
+      }
+    }
+  }
+
+  void CheckMissing() {
+    const auto missing = [&](std::string_view key) {
+      return reading_.Find(key) == nullptr && !explained_.contains(key);
+    };
+    const auto add = [&](std::string_view key, bool grave, const std::string& consequence) {
+      const CmxLine& opening = *reading_.openings.back();
+      found_.push_back(Diagnostic("cmx-key-missing",
+                                  std::string(Section().name) + " holds no " + std::string(key))
+                           .Grave(grave)
+                           .Because(consequence)
+                           .At(LineRange(facts_.File(), opening), opening.whole));
+    };
+    if (&Section() == &kTaskManagerSection) {
+      if (missing("IDTaskMode")) add("IDTaskMode", true, "the run would be distributed");
+      if (facts_.IsSharedMemory() && missing("ValueLocalNoTask")) {
+        add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
+      }
+    } else if (&Section() == &kRemoteMachinesSection) {
+      // One behind the blocks is taken into a block; the blocks' own rules speak of it.
+      const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
+        return setting.key == "ValueNoMachine";
+      });
+      if (missing("ValueNoMachine") && !isTaken) {
+        add("ValueNoMachine", true, "the run would be distributed over no machine");
+      }
+    } else if (&Section() == &kSolidCoolSection && missing("Flag3DSolidCoolingChannel")) {
+      add("Flag3DSolidCoolingChannel", false, "the flow solver would not run first");
+    }
+  }
+
+  const CmxFacts& facts_;
+  const SectionReading& reading_;
+  Diagnostics& found_;
+  std::set<std::string_view> explained_;
+};
+
+}  // namespace
+
+void CheckKeys(const CmxFacts& facts, Diagnostics& found) {
+  for (const SectionReading& reading : facts.Readings()) {
+    if (facts.Matters(*reading.section)) KeyRules(facts, reading, found).Check();
+  }
+}
+
+}  // namespace qvx::runcheck

@@ -1,0 +1,81 @@
+// The CMX file's lines with their places, cut and read as the launcher's readers cut and read them:
+// what the rules look at. Views into the file's bytes, which have to outlive them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "runcheck/cmx_keys.h"
+#include "runcheck/diagnostic.h"
+
+namespace qvx::runcheck {
+
+/// A line, or a piece of one that is too long for the readers.
+struct CmxLine {
+  std::size_t number;
+  std::size_t column;     ///< of its first byte
+  std::string_view text;  ///< as far as the readers see it: up to a zero byte
+  std::string_view whole;
+};
+
+struct CmxLines {
+  std::vector<CmxLine> lines;
+  bool repeatsLast = false;  ///< the readers handle the last line twice
+};
+
+CmxLines LinesOf(std::string_view bytes);
+
+enum class LineRole { Setting, Machine, Weighting };
+
+/// A line inside a section, split like the readers split it.
+struct SettingLine {
+  const CmxLine* line;
+  LineRole role;
+  std::size_t entry;   ///< of a machine or weighting line, from 0
+  bool isStored;       ///< false for an entry past the list
+  std::string key;     ///< without spaces
+  std::string rawKey;  ///< with them
+  std::string value;   ///< without leading spaces; "NULL" without "="
+  std::size_t rawValueLength;
+  bool hasEquals;
+  std::size_t keyColumn;
+  std::size_t keyEnd;
+  std::size_t valueColumn;
+  std::size_t valueEnd;
+};
+
+/// One section as its reader goes through it, tag lines included among the settings.
+struct SectionReading {
+  const CmxSection* section;
+  std::vector<const CmxLine*> openings;
+  bool isOpen = false;  ///< at the end of the file
+  std::vector<SettingLine> settings;
+
+  /// The last line that sets `key`; null when none does.
+  const SettingLine* Find(std::string_view key) const;
+  /// The value that the launcher then has; empty when no line sets it.
+  std::string ValueOf(std::string_view key) const;
+};
+
+SectionReading ReadLines(const CmxLines& lines, const CmxSection& section);
+
+std::string OpeningTag(const CmxSection& section);
+std::string ClosingTag(const CmxSection& section);
+
+/// `name` without spaces around it; nothing else counts as one.
+std::string_view Trimmed(std::string_view text);
+
+/// What the rules share about the file.
+struct CmxFile {
+  std::string filename;  ///< its name alone
+  std::string bytes;
+};
+
+Range RangeIn(const CmxFile& file, const CmxLine& line, std::size_t start, std::size_t end);
+Range KeyRange(const CmxFile& file, const SettingLine& setting);
+Range ValueRange(const CmxFile& file, const SettingLine& setting);
+Range LineRange(const CmxFile& file, const CmxLine& line);
+
+}  // namespace qvx::runcheck

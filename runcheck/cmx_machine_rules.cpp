@@ -1,0 +1,296 @@
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "runcheck/cmx_rules.h"
+#include "runcheck/similar_name.h"
+#include "support/numbers.h"
+
+namespace qvx::runcheck {
+namespace {
+
+std::string Counted(std::size_t count, const std::string& thing) {
+  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+/// Six digits, without zeros at the end.
+std::string Decimal(double number) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%g", number);
+  return text;
+}
+
+/// A host name, as far as DNS and NetBIOS allow one; an address too.
+bool IsHostName(std::string_view name) {
+  return !name.empty() && std::ranges::all_of(name, [](char c) {
+    const bool isAscii = static_cast<unsigned char>(c) < 0x80;
+    return !isAscii || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           std::string_view("-_.:").find(c) != std::string_view::npos;
+  });
+}
+
+class MachineRules {
+ public:
+  MachineRules(const CmxFacts& facts, const SectionReading& reading, Diagnostics& found)
+      : facts_(facts), reading_(reading), found_(found), count_(CountOf(reading)) {}
+
+  void Check() {
+    if (!CheckCount()) return;
+    const bool machinesFit = CheckBlock(LineRole::Machine);
+    CheckBlock(LineRole::Weighting);
+    if (machinesFit) CheckMachines();
+    CheckWeightings();
+  }
+
+ private:
+  static std::int32_t CountOf(const SectionReading& reading) {
+    return ParseInteger(reading.ValueOf("ValueNoMachine").c_str());
+  }
+
+  void Add(Diagnostic diagnostic, const SettingLine& setting) {
+    found_.push_back(diagnostic.At(ValueRange(facts_.File(), setting), setting.line->whole));
+  }
+
+  const SettingLine* Opener(LineRole role) const {
+    return reading_.Find(role == LineRole::Machine ? "ValueMachineSetting"
+                                                   : "ValueMachineWeighting");
+  }
+
+  std::vector<const SettingLine*> EntriesOf(LineRole role) const {
+    std::vector<const SettingLine*> entries;
+    for (const SettingLine& setting : reading_.settings) {
+      if (setting.role == role) entries.push_back(&setting);
+    }
+    return entries;
+  }
+
+  /// False when there is nothing more to say about the blocks.
+  bool CheckCount() {
+    const SettingLine* count = reading_.Find("ValueNoMachine");
+    if (count == nullptr) {
+      CheckTakenCount();
+      return false;
+    }
+    if (count_ < 1) {
+      Add(Diagnostic("machine-count", "ValueNoMachine is " +
+                                          (count->value.empty() ? "empty" : count->value) +
+                                          ", no number above 0")
+              .Because("the run would be distributed over no machine"),
+          *count);
+      return false;
+    }
+    // Told as a count that no memory holds.
+    constexpr std::int32_t kMostMachines = 500'000;
+    if (count_ > kMostMachines) return false;
+    for (const LineRole role : {LineRole::Machine, LineRole::Weighting}) {
+      const SettingLine* opener = Opener(role);
+      if (opener == nullptr || opener->line->number > count->line->number) continue;
+      Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind " + opener->key), *count);
+      return false;
+    }
+    if (!IsPlainNumber(Cleaned(count->value)) || Cleaned(count->value) != count->value) {
+      Add(Diagnostic("cmx-number", "ValueNoMachine: " + count->value + " is no plain number"),
+          *count);
+    }
+    return true;
+  }
+
+  /// A block that opens before the count has no end and takes the count's line.
+  void CheckTakenCount() {
+    for (const SettingLine& setting : reading_.settings) {
+      if (setting.key != "ValueNoMachine") continue;
+      Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind a block, which takes it"),
+          setting);
+      return;
+    }
+  }
+
+  /// A line that a person would write into a block.
+  bool LooksLikeEntry(const SettingLine& setting, LineRole role) const {
+    if (FindKey(*reading_.section, setting.key) != nullptr || IsTagLike(facts_, *setting.line)) {
+      return false;
+    }
+    if (!setting.hasEquals) {
+      return role == LineRole::Machine && setting.line->text.find('\t') != std::string_view::npos;
+    }
+    return true;
+  }
+
+  /// True when the block takes exactly the lines that are meant for it.
+  bool CheckBlock(LineRole role) {
+    const bool isMachine = role == LineRole::Machine;
+    const std::string block = isMachine ? "machine" : "weighting";
+    const Code code = isMachine ? Code("machine-count") : Code("weighting-count");
+    const SettingLine* count = reading_.Find("ValueNoMachine");
+    const SettingLine* opener = Opener(role);
+    if (opener == nullptr) {
+      const bool isMisspelt = std::ranges::any_of(reading_.settings, [&](const SettingLine& line) {
+        return line.role == LineRole::Setting && line.hasEquals &&
+               IsSimilar(line.key, isMachine ? "ValueMachineSetting" : "ValueMachineWeighting");
+      });
+      if (isMisspelt) return false;
+      Add(Diagnostic(code, isMachine ? "there is no line ValueMachineSetting"
+                                     : "there is no line ValueMachineWeighting")
+              .Because(isMachine ? "the machines would have no names" : "all weights would be 0"),
+          *count);
+      return false;
+    }
+    const std::vector<const SettingLine*> entries = EntriesOf(role);
+    for (const SettingLine* entry : entries) {
+      if (LooksLikeEntry(*entry, role)) continue;
+      const std::string text(TrimmedOfInvisible(entry->line->text));
+      found_.push_back(
+          Diagnostic(isMachine ? Code("machine-line") : Code("weighting-count"),
+                     (text.empty() ? "an empty line" : text) + " is taken as " + block + " " +
+                         std::to_string(entry->entry + 1) + " of " + std::to_string(count_))
+              .As(TakesAnOpener(*entry) ? kError : code.Row().usual)
+              .Help(
+                  "ValueNoMachine is the number of lines in both blocks, which follow one another "
+                  "without a gap")
+              .At(LineRange(facts_.File(), *entry->line), entry->line->whole));
+      return false;
+    }
+    if (entries.size() < static_cast<std::size_t>(count_)) {
+      Add(Diagnostic(code, "ValueNoMachine is " + count->value + " and the " + block +
+                               " block has " + Counted(entries.size(), "line")),
+          *count);
+      return false;
+    }
+    return CheckRest(role, entries);
+  }
+
+  /// A block that takes the line which would have opened the other one.
+  static bool TakesAnOpener(const SettingLine& entry) { return entry.key == "ValueMachineSetting"; }
+
+  /// Lines behind the block that were meant for it.
+  bool CheckRest(LineRole role, const std::vector<const SettingLine*>& entries) {
+    const bool isMachine = role == LineRole::Machine;
+    std::size_t more = 0;
+    const SettingLine* first = nullptr;
+    for (const SettingLine* next = entries.back() + 1;
+         next != reading_.settings.data() + reading_.settings.size(); ++next) {
+      if (next->role != LineRole::Setting || !LooksLikeEntry(*next, role)) break;
+      if (!IsPlainNumber(next->key) && next->key != entries.back()->key &&
+          next->value.find('\t') == std::string::npos) {
+        break;
+      }
+      if (first == nullptr) first = next;
+      ++more;
+    }
+    if (more == 0) return true;
+    const std::string have = std::to_string(entries.size() + more);
+    found_.push_back(Diagnostic(isMachine ? Code("machine-count") : Code("weighting-count"),
+                                "ValueNoMachine is " + std::to_string(count_) + " and the " +
+                                    (isMachine ? "machine" : "weighting") + " block has " + have +
+                                    " lines")
+                         .Because("the launcher would drop " + Counted(more, "line") + " of it")
+                         .Suggest(have, "ValueNoMachine is the number of lines in both blocks")
+                         .At(LineRange(facts_.File(), *first->line), first->line->whole));
+    return true;
+  }
+
+  void CheckMachines() {
+    std::map<std::string, std::size_t> seen;
+    for (const SettingLine* entry : EntriesOf(LineRole::Machine)) {
+      const std::size_t tab = entry->value.find('\t');
+      if (tab == std::string::npos) {
+        AddSeparator(*entry);
+        continue;
+      }
+      const std::string host = entry->value.substr(0, tab);
+      std::string tasks = entry->value.substr(tab + 1);
+      tasks = tasks.substr(0, tasks.find('\t'));
+      CheckHost(*entry, host);
+      CheckTaskCount(*entry, host, tasks);
+      const auto [earlier, isNew] = seen.emplace(AsciiLower(host), entry->line->number);
+      if (!isNew) {
+        Add(Diagnostic("machine-twice",
+                       host + " is also in line " + std::to_string(earlier->second)),
+            *entry);
+      }
+    }
+  }
+
+  void AddSeparator(const SettingLine& entry) {
+    Diagnostic diagnostic("machine-separator",
+                          entry.hasEquals ? "no tab stands between host and tasks in " + entry.value
+                                          : "no = stands before the machine");
+    const std::size_t host = entry.value.find_first_of(" ,;:|");
+    if (entry.hasEquals && host != std::string::npos) {
+      diagnostic.Help("one tab, no blank and no other character, stands between host and tasks");
+    }
+    found_.push_back(diagnostic.At(LineRange(facts_.File(), *entry.line), entry.line->whole));
+  }
+
+  void CheckHost(const SettingLine& entry, const std::string& host) {
+    if (IsHostName(host)) return;
+    const std::string clean(TrimmedOfInvisible(host));
+    const bool isBlank = IsHostName(clean);
+    Diagnostic diagnostic("machine-host",
+                          isBlank ? "a blank stands beside the host name " + clean
+                                  : (host.empty() ? std::string("the host name is empty")
+                                                  : host + " is no host name"));
+    diagnostic.Grave(!isBlank);
+    if (isBlank) diagnostic.Suggest(clean, "the name is written " + clean);
+    Add(diagnostic, entry);
+  }
+
+  void CheckTaskCount(const SettingLine& entry, const std::string& host, const std::string& tasks) {
+    const std::string clean(TrimmedOfInvisible(tasks));
+    if (IsPlainNumber(clean) && ParseInteger(clean.c_str()) > 0) return;
+    Add(Diagnostic("machine-tasks", host + " has " + (clean.empty() ? "no" : clean) + " tasks"),
+        entry);
+  }
+
+  void CheckWeightings() {
+    const std::vector<const SettingLine*> entries = EntriesOf(LineRole::Weighting);
+    double sum = 0;
+    for (const SettingLine* entry : entries) {
+      if (!LooksLikeEntry(*entry, LineRole::Weighting)) return;
+      const std::string value = entry->value.substr(0, entry->value.find(' '));
+      if (!CheckWeighting(*entry, value)) return;
+      sum += ParseDecimal(value.c_str());
+    }
+    // Each weighting may be rounded to two decimals.
+    const double rounding = 0.005 * static_cast<double>(entries.size()) + 1e-9;
+    if (entries.empty() || entries.size() != static_cast<std::size_t>(count_)) return;
+    if (std::abs(sum - 1) <= rounding) return;
+    Add(Diagnostic("weighting-sum", "the weightings add up to " + Decimal(sum)), *entries.back());
+  }
+
+  /// False for one that is no number.
+  bool CheckWeighting(const SettingLine& entry, const std::string& value) {
+    const bool isDecimal = !value.empty() &&
+                           value.find_first_not_of("0123456789.eE+-") == std::string::npos &&
+                           value.find_first_of("0123456789") != std::string::npos;
+    if (isDecimal && ParseDecimal(value.c_str()) >= 0) return true;
+    Diagnostic diagnostic("weighting-value",
+                          (value.empty() ? "the weighting is empty" : value + " is no weighting"));
+    std::string point = value;
+    std::ranges::replace(point, ',', '.');
+    if (point != value && ParseDecimal(point.c_str()) > 0) {
+      diagnostic.Suggest(point, "the decimal point is written " + point);
+    }
+    Add(diagnostic, entry);
+    return false;
+  }
+
+  const CmxFacts& facts_;
+  const SectionReading& reading_;
+  Diagnostics& found_;
+  std::int32_t count_;
+};
+
+}  // namespace
+
+void CheckMachineBlocks(const CmxFacts& facts, Diagnostics& found) {
+  const SectionReading* reading = facts.Reading(kRemoteMachinesSection);
+  if (reading == nullptr || reading->openings.empty() || !facts.IsMeantDistributed()) return;
+  MachineRules(facts, *reading, found).Check();
+}
+
+}  // namespace qvx::runcheck

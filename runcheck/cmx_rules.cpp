@@ -1,0 +1,20 @@
+#include "runcheck/cmx_rules.h"
+
+namespace qvx::runcheck {
+
+Diagnostics CheckCmxFile(const CmxFacts& facts) {
+  Diagnostics found;
+  CheckWidths(facts, found);
+  // A solver that always runs serially has nothing read from the file.
+  if (facts.Readings().empty()) return found;
+  CheckBytes(facts, found);
+  if (!HasLines(facts.File().bytes)) return found;
+  CheckTags(facts, found);
+  CheckKeys(facts, found);
+  CheckValues(facts, found);
+  CheckMachineBlocks(facts, found);
+  SortByPlace(found);
+  return found;
+}
+
+}  // namespace qvx::runcheck

@@ -1,0 +1,133 @@
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "runcheck/cmx_rules.h"
+#include "runcheck/similar_name.h"
+
+namespace qvx::runcheck {
+namespace {
+
+/// A line that was meant to be a tag.
+struct NearTag {
+  const SectionReading* reading;
+  bool closes;
+  bool isMisspelt;  ///< by letters, not only by their case or by blanks
+  std::string_view written;
+};
+
+bool IsExactTag(const CmxSection& section, std::string_view text) {
+  return text == OpeningTag(section) || text == ClosingTag(section);
+}
+
+std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
+  const std::string_view written = TrimmedOfInvisible(line.text);
+  if (written.size() > 64 || written.empty() || written.find('=') != std::string_view::npos) {
+    return std::nullopt;
+  }
+  std::string name(written);
+  const bool closes = name.find_first_of("/\\") != std::string::npos;
+  const bool isMarked = name.find_first_of("<>[]") != std::string::npos;
+  std::erase_if(name, [](char c) {
+    return std::string_view("<>[]/\\ \t:;.").find(c) != std::string_view::npos;
+  });
+  for (const SectionReading& reading : facts.Readings()) {
+    if (IsExactTag(*reading.section, line.text)) return std::nullopt;
+    const std::string_view right = reading.section->name;
+    const bool isSame = AsciiLower(name) == AsciiLower(right);
+    if (isSame || (isMarked && IsSimilar(name, right))) {
+      return NearTag{&reading, closes, !isSame, written};
+    }
+  }
+  return std::nullopt;
+}
+
+/// Misspelt letters make another section's tag, unless this section's own is missing.
+bool IsMeant(const NearTag& tag) {
+  if (!tag.isMisspelt) return true;
+  return tag.closes ? tag.reading->isOpen : tag.reading->openings.empty();
+}
+
+bool IsNeeded(const CmxFacts& facts, const CmxSection& section) {
+  return &section != &kMultiShotSection && facts.Matters(section);
+}
+
+Diagnostic NearTagDiagnostic(const CmxFacts& facts, const NearTag& tag, const CmxLine& line) {
+  const CmxSection& section = *tag.reading->section;
+  const std::string right = tag.closes ? ClosingTag(section) : OpeningTag(section);
+  const std::string summary = tag.written == right
+                                  ? "an invisible character stands beside " + right
+                                  : std::string(tag.written) + " is not the tag " + right;
+  Diagnostic diagnostic("cmx-tag", summary);
+  diagnostic.Suggest(right, "the tag is written " + right + ", alone on its line");
+  if (tag.closes) {
+    diagnostic.Because("the launcher would read on to the end of the file");
+  } else if (tag.reading->openings.empty() && IsNeeded(facts, section)) {
+    diagnostic.Grave().Because(&section == &kTaskManagerSection
+                                   ? "the launcher would see no such section and run distributed"
+                                   : "the launcher would see no such section");
+  }
+  return diagnostic.At(LineRange(facts.File(), line), line.whole);
+}
+
+void CheckReading(const CmxFacts& facts, const SectionReading& reading, bool closingIsNear,
+                  Diagnostics& found) {
+  const std::string name(reading.section->name);
+  if (reading.openings.size() > 1) {
+    const CmxLine& second = *reading.openings[1];
+    Diagnostic diagnostic("cmx-section-twice", name + " is opened twice");
+    const std::string closing = ClosingTag(*reading.section);
+    if (reading.isOpen) diagnostic.Suggest(closing, "the closing tag is written " + closing);
+    found.push_back(diagnostic.At(LineRange(facts.File(), second), second.whole));
+  } else if (reading.isOpen && !closingIsNear) {
+    const CmxLine& opening = *reading.openings.back();
+    const std::string closing = ClosingTag(*reading.section);
+    found.push_back(Diagnostic("cmx-section-open", name + " is never closed")
+                        .Suggest(closing, "the section ends with " + closing)
+                        .At(LineRange(facts.File(), opening), opening.whole));
+  }
+}
+
+void CheckMissing(const CmxFacts& facts, const SectionReading& reading, Diagnostics& found) {
+  const CmxSection& section = *reading.section;
+  if (!reading.openings.empty() || facts.Lines().empty()) return;
+  Diagnostic diagnostic("cmx-section-missing",
+                        facts.File().filename + " holds no " + OpeningTag(section));
+  if (&section == &kTaskManagerSection) {
+    found.push_back(diagnostic.Grave().Because("the run would be distributed"));
+  } else if (&section == &kRemoteMachinesSection && facts.IsMeantDistributed()) {
+    found.push_back(diagnostic.Grave().Because("the run would be distributed over no machine"));
+  }
+}
+
+}  // namespace
+
+bool IsTagLike(const CmxFacts& facts, const CmxLine& line) {
+  const bool isTag = std::ranges::any_of(
+      kSections, [&](const CmxSection* section) { return IsExactTag(*section, line.text); });
+  const std::optional<NearTag> tag = NearTagOf(facts, line);
+  return isTag || (tag && IsMeant(*tag));
+}
+
+void CheckTags(const CmxFacts& facts, Diagnostics& found) {
+  std::vector<NearTag> near;
+  for (const CmxLine& line : facts.Lines()) {
+    const std::optional<NearTag> tag = NearTagOf(facts, line);
+    if (!tag || !IsMeant(*tag)) continue;
+    near.push_back(*tag);
+    // Bytes around a tag have codes of their own.
+    const bool hasMark = line.number == 1 && facts.File().bytes.starts_with("\xEF\xBB\xBF");
+    if (hasMark || line.text.ends_with('\r')) continue;
+    found.push_back(NearTagDiagnostic(facts, *tag, line));
+  }
+  const auto isNear = [&](const SectionReading& reading, bool closes) {
+    return std::ranges::any_of(
+        near, [&](const NearTag& tag) { return tag.reading == &reading && tag.closes == closes; });
+  };
+  for (const SectionReading& reading : facts.Readings()) {
+    CheckReading(facts, reading, isNear(reading, true), found);
+    if (!isNear(reading, false)) CheckMissing(facts, reading, found);
+  }
+}
+
+}  // namespace qvx::runcheck

@@ -1,0 +1,229 @@
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "runcheck/cmx_rules.h"
+#include "runcheck/similar_name.h"
+#include "support/numbers.h"
+
+namespace qvx::runcheck {
+namespace {
+
+bool IsSpaceOrTab(char c) { return c == ' ' || c == '\t' || c == '\xA0'; }
+
+std::string Counted(std::size_t count, const std::string& thing) {
+  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+/// Checks the value that counts for one key.
+class ValueRules {
+ public:
+  ValueRules(const CmxFacts& facts, const CmxKey& key, const SettingLine& setting,
+             Diagnostics& found)
+      : facts_(facts), key_(key), setting_(setting), value_(setting.value), found_(found) {}
+
+  void Check() {
+    if (!setting_.hasEquals) {
+      Add(Diagnostic("cmx-no-equals", Name() + " stands without ="), setting_.keyColumn,
+          setting_.keyEnd);
+      return;
+    }
+    if (CheckAround()) return;
+    switch (key_.use) {
+      case KeyUse::Mode:
+        CheckMode();
+        break;
+      case KeyUse::LocalTasks:
+        if (!IsPositiveNumber()) AddNumber(", no plain number above 0");
+        break;
+      case KeyUse::Tasks:
+        if (ParseInteger(value_.c_str()) < 1 || !IsPlainNumber(value_)) {
+          Add(Diagnostic("task-count", Name() + " is " + Shown() + ", no number above 0"));
+        }
+        break;
+      case KeyUse::Flag:
+        if (value_ != "0" && value_ != "1") AddNumber(", neither 0 nor 1");
+        break;
+      case KeyUse::Integer:
+        if (!IsPlainNumber(value_)) AddNumber(", no number");
+        break;
+      default:
+        break;
+    }
+  }
+
+ private:
+  std::string Name() const { return std::string(key_.name); }
+  std::string Shown() const { return value_.empty() ? "empty" : value_; }
+
+  bool IsPositiveNumber() const { return IsPlainNumber(value_) && !value_.starts_with('0'); }
+
+  /// True when the run turns out differently than `value_` was meant.
+  bool Changes() const {
+    switch (key_.use) {
+      case KeyUse::Mode:
+        return value_ != "0" && MeansLocal(value_);
+      case KeyUse::Host:
+      case KeyUse::Folder:
+        return true;
+      case KeyUse::Flag:
+        return key_.name == "Flag3DSolidCoolingChannel" && ParseInteger(value_.c_str()) != 1 &&
+               Cleaned(value_) == "1";
+      default:
+        return false;
+    }
+  }
+
+  void Add(Diagnostic diagnostic, std::size_t start, std::size_t end) {
+    diagnostic.Grave(Changes());
+    if (key_.use == KeyUse::Mode && Changes()) {
+      diagnostic.Because("the value is not 0 and the run would be distributed");
+    }
+    found_.push_back(
+        diagnostic.At(RangeIn(facts_.File(), *setting_.line, start, end), setting_.line->whole));
+  }
+
+  void Add(const Diagnostic& diagnostic) {
+    Add(diagnostic, setting_.valueColumn, setting_.valueEnd);
+  }
+
+  void AddNumber(const std::string& what) {
+    Diagnostic diagnostic("cmx-number", Name() + " is " + Shown() + what);
+    const std::int32_t number = ParseInteger(value_.c_str());
+    const std::string right = std::to_string(number);
+    if (key_.use == KeyUse::Flag) diagnostic.Help("the value is 0 or 1");
+    if (number > 0 && right != value_) {
+      diagnostic.Suggest(right, "the value is written " + right);
+    }
+    if (key_.use == KeyUse::LocalTasks) {
+      diagnostic.Because("the launcher would not read 1 and run shared-memory parallel");
+    }
+    Add(diagnostic);
+  }
+
+  Diagnostic Wrong(Code code, const std::string& summary) const {
+    const std::string right = Cleaned(value_);
+    Diagnostic diagnostic(code, summary);
+    if (!right.empty()) diagnostic.Suggest(right, "the value is written " + right);
+    return diagnostic;
+  }
+
+  /// What stands around the value proper.
+  bool CheckAround() {
+    if (value_.empty()) return false;
+    // Carriage returns have a code of their own.
+    std::string_view value = value_;
+    value = value.substr(0, value.find_last_not_of('\r') + 1);
+    const std::size_t start = setting_.valueColumn;
+    if (value.empty()) return false;
+    if (IsSpaceOrTab(value.front())) {
+      Add(Wrong("cmx-leading-tab",
+                "a tab or another invisible character stands before " + Cleaned(value)),
+          start, start + 1);
+    } else if (value.front() == '=' || value.front() == ':') {
+      Add(Wrong("cmx-separator", "two separators stand between " + Name() + " and its value"),
+          start, start + 1);
+    } else if (value.front() == '"' || value.front() == '\'') {
+      Add(Wrong("cmx-quoted-value", "the value of " + Name() + " stands in quotation marks"));
+    } else if (const std::size_t comment = CommentStart(value); comment != std::string_view::npos) {
+      Add(Wrong("cmx-comment", "a comment stands behind the value of " + Name()), start + comment,
+          start + value.size());
+    } else if (IsSpaceOrTab(value.back())) {
+      const std::size_t length = TrimmedOfInvisible(value).size();
+      const std::size_t blanks = value.size() - length;
+      const bool isSpace = value.find_first_not_of(' ', length) == std::string_view::npos;
+      Add(Wrong("cmx-trailing-blank", Counted(blanks, isSpace ? "blank" : "invisible character") +
+                                          (blanks == 1 ? " stands" : " stand") +
+                                          " behind the value of " + Name()),
+          start + length, start + value.size());
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+  /// Where a comment begins; npos when there is none. In names and paths only behind a blank.
+  std::size_t CommentStart(std::string_view value) const {
+    const bool isText =
+        key_.use == KeyUse::Host || key_.use == KeyUse::Folder || key_.use == KeyUse::Text;
+    for (std::size_t i = 1; i < value.size(); ++i) {
+      const std::string_view rest = value.substr(i);
+      const bool opens =
+          rest.starts_with(';') || rest.starts_with('#') || rest.starts_with("//") ||
+          rest.starts_with("--") ||
+          (!isText && (rest.starts_with('!') || rest.starts_with('(') || rest.starts_with("/*")));
+      if (opens && (!isText || IsSpaceOrTab(value[i - 1]))) return i;
+    }
+    return std::string_view::npos;
+  }
+
+  void CheckMode() {
+    if (value_ == "0" || value_ == "1") return;
+    constexpr std::string_view kDistributedWords[] = {"true", "yes",         "on",
+                                                      "dmp",  "distributed", "remote"};
+    const bool isWord =
+        std::ranges::find(kDistributedWords, AsciiLower(value_)) != std::end(kDistributedWords);
+    const bool isNumber = ParseInteger(value_.c_str()) != 0;
+    Diagnostic diagnostic("cmx-mode", Name() + " is " + Shown() + ", neither 0 nor 1");
+    if (MeansLocal(value_)) diagnostic.Suggest("0", "a run on this machine is written 0");
+    if (!isWord && !isNumber) diagnostic.Grave();
+    Add(diagnostic);
+  }
+
+  const CmxFacts& facts_;
+  const CmxKey& key_;
+  const SettingLine& setting_;
+  const std::string& value_;
+  Diagnostics& found_;
+};
+
+/// True when the launcher looks at the value in this run.
+bool IsUsed(const CmxFacts& facts, const SectionReading& reading, const CmxKey& key) {
+  switch (key.use) {
+    case KeyUse::Shown:
+    case KeyUse::MachineBlock:
+    case KeyUse::WeightingBlock:
+    case KeyUse::MachineCount:  // with the blocks
+      return false;
+    case KeyUse::Tasks:
+      return facts.IsSharedMemory();
+    case KeyUse::LocalTasks:
+      return !facts.IsMeantDistributed();
+    case KeyUse::Host:
+      return key.name != "ValueLocalHost" || reading.ValueOf("ValueStorageNode").empty();
+    default:
+      return true;
+  }
+}
+
+void CheckTasks(const CmxFacts& facts, Diagnostics& found) {
+  const SectionReading* tasks = facts.Reading(kTaskManagerSection);
+  if (tasks == nullptr || tasks->openings.empty() || facts.IsDistributed()) return;
+  const SettingLine* count = tasks->Find("ValueNoTask");
+  if (facts.IsSharedMemory()) {
+    if (count != nullptr) return;
+    const CmxLine& opening = *tasks->openings.back();
+    found.push_back(Diagnostic("task-count", "TASKMANAGER holds no ValueNoTask")
+                        .At(LineRange(facts.File(), opening), opening.whole));
+  } else if (count != nullptr && ParseInteger(count->value.c_str()) > 1) {
+    found.push_back(
+        Diagnostic("tasks-differ", "ValueNoTask is " + count->value + " and ValueLocalNoTask is 1")
+            .At(ValueRange(facts.File(), *count), count->line->whole));
+  }
+}
+
+}  // namespace
+
+void CheckValues(const CmxFacts& facts, Diagnostics& found) {
+  for (const SectionReading& reading : facts.Readings()) {
+    if (!facts.Matters(*reading.section)) continue;
+    for (const CmxKey& key : reading.section->keys) {
+      const SettingLine* setting = reading.Find(key.name);
+      if (setting == nullptr || !IsUsed(facts, reading, key)) continue;
+      ValueRules(facts, key, *setting, found).Check();
+    }
+  }
+  CheckTasks(facts, found);
+}
+
+}  // namespace qvx::runcheck

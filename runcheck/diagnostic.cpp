@@ -1,0 +1,68 @@
+#include "runcheck/diagnostic.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace qvx::runcheck {
+
+Diagnostic::Diagnostic(Code code, std::string text)
+    : severity(code.Row().usual),
+      code(code.Row().code),
+      summary(std::move(text)),
+      consequence(code.Row().consequence),
+      help(code.Row().remedy) {}
+
+Diagnostic& Diagnostic::Grave(bool grave) {
+  for (const CodeRow& row : kCodes) {
+    if (grave && row.code == code) severity = row.gravest;
+  }
+  return *this;
+}
+
+Diagnostic& Diagnostic::As(Severity other) {
+  severity = other;
+  return *this;
+}
+
+Diagnostic& Diagnostic::Because(std::string otherConsequence) {
+  consequence = std::move(otherConsequence);
+  return *this;
+}
+
+Diagnostic& Diagnostic::Help(std::string otherHelp) {
+  help = std::move(otherHelp);
+  return *this;
+}
+
+Diagnostic& Diagnostic::Suggest(const std::string& name, std::string otherHelp) {
+  suggestion = name;
+  help = std::move(otherHelp);
+  return *this;
+}
+
+Diagnostic& Diagnostic::At(Range place, std::string_view line) {
+  range = std::move(place);
+  snippet = line;
+  return *this;
+}
+
+std::string_view NameOf(Severity severity) {
+  constexpr std::string_view kNames[] = {"note", "warning", "error"};
+  return kNames[static_cast<std::size_t>(severity)];
+}
+
+std::size_t CountOf(const Diagnostics& diagnostics, Severity severity) {
+  return static_cast<std::size_t>(std::ranges::count(diagnostics, severity, &Diagnostic::severity));
+}
+
+void SortByPlace(Diagnostics& diagnostics) {
+  const auto place = [](const Diagnostic& diagnostic) {
+    constexpr std::size_t kBehind = std::numeric_limits<std::size_t>::max();
+    if (!diagnostic.range) return std::pair(kBehind, kBehind);
+    return std::pair(diagnostic.range->start.line, diagnostic.range->start.column);
+  };
+  std::ranges::stable_sort(diagnostics, {}, place);
+}
+
+}  // namespace qvx::runcheck

@@ -1,0 +1,166 @@
+// QVXRunCheck.exe: says before a run what the launcher would do, why, and what is wrong.
+#include <windows.h>
+
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "runcheck/call.h"
+#include "runcheck/check.h"
+#include "runcheck/explain_status.h"
+#include "runcheck/files.h"
+#include "runcheck/similar_name.h"
+#include "runcheck/terminal.h"
+#include "version.h"
+
+// Tokens on the command line are separated by "*": mingw-w64's C runtime must not expand wildcards.
+#if defined(__MINGW32__)
+extern "C" {
+int _dowildcard = 0;  // NOLINT(bugprone-reserved-identifier): the runtime's name
+}
+#endif
+
+namespace qvx::runcheck {
+namespace {
+
+constexpr int kWrongCall = 2;
+
+void Print(const Terminal& terminal, const Call& call, const Report& report) {
+  if (call.json) {
+    terminal.WriteUtf8(JsonReport(report, AnsiToUtf8));
+  } else {
+    terminal.Write(TextReport(report, terminal.Style()));
+  }
+}
+
+/// What was asked for instead of a check: text, or a note in the report.
+int Inform(const Terminal& terminal, const Call& call, const std::string& text) {
+  if (call.json) {
+    Report report;
+    report.diagnostics.push_back(Diagnostic("information", text));
+    terminal.WriteUtf8(JsonReport(report, AnsiToUtf8));
+  } else {
+    terminal.Write(text + "\n");
+  }
+  return 0;
+}
+
+int Refuse(const Terminal& terminal, const Call& call, const std::string& what) {
+  Report report;
+  report.diagnostics.push_back(Diagnostic("wrong-call", what));
+  if (call.json) {
+    Print(terminal, call, report);
+  } else {
+    terminal.Write(DiagnosticText(report.diagnostics.front(), terminal.Style()));
+  }
+  return kWrongCall;
+}
+
+/// The installation that this program lies in; nothing when it lies elsewhere.
+std::optional<std::string> OwnHome() {
+  const std::string folder = OwnFolder();
+  const std::size_t last = folder.find_last_of('\\');
+  if (last == std::string::npos || AsciiLower(folder.substr(last + 1)) != "bin") {
+    return std::nullopt;
+  }
+  return folder.substr(0, last);
+}
+
+/// The names that CMX files of the run give the project.
+std::vector<std::string> ProjectNames(const Call& call) {
+  const std::string ending = AsciiLower(call.run + ".cmx");
+  std::vector<std::string> names;
+  for (const std::string& name :
+       NamesMatching(call.project + "\\Analysis\\Run" + call.run + "\\*.cmx")) {
+    if (name.size() > ending.size() && AsciiLower(name).ends_with(ending)) {
+      names.push_back(name.substr(0, name.size() - ending.size()));
+    }
+  }
+  return names;
+}
+
+/// The last part of a path: what a project is usually called.
+std::string LastPart(std::string path) {
+  while (path.ends_with('\\') || path.ends_with('/')) path.pop_back();
+  return path.substr(path.find_last_of("\\/") + 1);
+}
+
+/// A line that overwrites itself, from a second on.
+void ShowProgress(const Terminal& terminal, std::chrono::milliseconds passed, std::size_t hosts) {
+  using std::chrono::duration_cast;
+  using std::chrono::seconds;
+  if (!terminal.IsTerminal() || passed < seconds(1)) return;
+  terminal.Write("\rasking " + std::to_string(hosts) + " names, " +
+                 std::to_string(duration_cast<seconds>(passed).count()) + " s ");
+}
+
+int CheckAndPrint(const Terminal& terminal, const Call& call,
+                  const std::vector<std::string>& arguments, const std::string& made) {
+  CheckOptions options;
+  options.asksNetwork = !call.noNetwork;
+  options.timeout = std::chrono::milliseconds(static_cast<long long>(call.timeout * 1000));
+  bool hasProgress = false;
+  if (!call.json) {
+    options.onWait = [&](std::chrono::milliseconds passed, std::size_t hosts) {
+      hasProgress = hasProgress || passed >= std::chrono::seconds(1);
+      ShowProgress(terminal, passed, hosts);
+    };
+  }
+  Check check = CheckRun(arguments, options);
+  if (hasProgress && terminal.IsTerminal()) {
+    terminal.Write("\r" + std::string(40, ' ') + "\r");
+  }
+  check.report.call = made;
+  Print(terminal, call, check.report);
+  const int status = ExitStatusOf(check.report);
+  // Threads that still wait for the network would keep the process.
+  if (check.leavesThreads) ExitProcess(static_cast<UINT>(status));
+  return status;
+}
+
+int CheckSecondForm(const Terminal& terminal, const Call& call) {
+  const std::optional<std::string> home = call.home ? call.home : OwnHome();
+  if (!home) return Refuse(terminal, call, "--home is missing, and this program lies in no Bin");
+  std::string name = call.name.value_or("");
+  if (name.empty()) {
+    const std::vector<std::string> names = ProjectNames(call);
+    if (names.size() > 1) {
+      return Refuse(terminal, call,
+                    "--name is missing, and the run folder holds the CMX files of " + names[0] +
+                        " and " + names[1]);
+    }
+    name = names.empty() ? LastPart(call.project) : names[0];
+  }
+  const std::vector<std::string> arguments = LauncherArguments(call, *home, name);
+  return CheckAndPrint(terminal, call, arguments, CommandLineOf(arguments));
+}
+
+int Main(const std::vector<std::string>& arguments) {
+  const Terminal terminal;
+  const Call call = ParseCall(arguments);
+  if (call.help) {
+    Inform(terminal, call, HelpText());
+    // Nothing was asked for, so nothing is in order either.
+    return arguments.empty() ? kWrongCall : 0;
+  }
+  if (!call.wrong.empty()) return Refuse(terminal, call, call.wrong);
+  if (call.version) return Inform(terminal, call, "QVXRunCheck " QVX_VERSION);
+  if (!call.explainStatus.empty()) {
+    const std::optional<int> status = ParseStatus(call.explainStatus);
+    if (!status) {
+      return Refuse(terminal, call, call.explainStatus + " is no exit status of 32 bits");
+    }
+    return Inform(terminal, call, ExplainStatus(*status, SystemTextOf));
+  }
+  if (call.launcherArguments) return CheckAndPrint(terminal, call, *call.launcherArguments, "");
+  return CheckSecondForm(terminal, call);
+}
+
+}  // namespace
+}  // namespace qvx::runcheck
+
+int main(int count, char** arguments) {
+  return qvx::runcheck::Main({arguments + 1, arguments + count});
+}

@@ -1,0 +1,210 @@
+#include "runcheck/places.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "launcher/argument_record.h"
+#include "runcheck/files.h"
+#include "runcheck/similar_name.h"
+#include "support/numbers.h"
+
+namespace qvx::runcheck {
+namespace {
+
+std::string Joined(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
+  return text;
+}
+
+/// The CMX file of another run or name lies there.
+void AddCmxNeighbours(const RunPlaces& places, Diagnostic& diagnostic) {
+  const std::vector<std::string> names = NamesMatching(places.runFolder + "\\*.cmx*");
+  if (names.empty()) return;
+  const std::string meant = names.size() == 1 ? names[0] : std::string();
+  const std::string help = "the run folder holds " + Joined(names);
+  if (meant.empty()) {
+    diagnostic.Help(help);
+  } else {
+    diagnostic.Suggest(meant, help);
+  }
+}
+
+/// A folder beside the missing one, with nearly its name.
+void AddNeighbour(const std::string& folder, Diagnostic& diagnostic) {
+  const std::size_t last = folder.find_last_of('\\');
+  const std::string parent = folder.substr(0, last);
+  const std::vector<std::string> names = NamesMatching(parent + "\\*");
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  const std::string_view meant = MostSimilar(folder.substr(last + 1), views);
+  if (meant.empty() || KindOf(parent + "\\" + std::string(meant)) != FileKind::Folder) return;
+  const std::string path = parent + "\\" + std::string(meant);
+  diagnostic.Suggest(path, "there is a folder " + path);
+}
+
+bool CheckFolder(Code code, const char* what, const std::string& folder, const char* inside,
+                 Diagnostics& found) {
+  // A blank or mark around it is told with the call.
+  if (folder.empty() || TrimmedOfInvisible(folder) != folder) return false;
+  Diagnostic diagnostic(code, "");
+  if (!IsAbsolutePath(folder)) {
+    diagnostic.summary = "the " + std::string(what) + " " + folder + " is relative";
+    diagnostic.Because("the launcher would look below the folder that it is started in");
+  } else if (const FileKind kind = KindOf(folder); kind == FileKind::Missing) {
+    diagnostic.summary = "the " + std::string(what) + " " + folder + " does not exist";
+    AddNeighbour(folder, diagnostic);
+  } else if (kind == FileKind::File) {
+    diagnostic.summary = "the " + std::string(what) + " " + folder + " is a file";
+  } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
+    diagnostic.summary = "the " + std::string(what) + " " + folder + " holds no folder " + inside;
+    const std::size_t last = folder.find_last_of('\\');
+    if (AsciiLower(folder.substr(last + 1)) == AsciiLower(inside)) {
+      diagnostic.Suggest(folder.substr(0, last), "it is written " + folder.substr(0, last));
+    }
+  } else {
+    return true;
+  }
+  found.push_back(diagnostic);
+  return false;
+}
+
+/// A folder beside the run folder that the run number was meant for; empty for none.
+std::string MeantRunNumber(const RunPlaces& places) {
+  const std::string analysis = places.project + "\\Analysis\\Run";
+  std::vector<std::string> candidates = {"0" + places.run, "00" + places.run};
+  if (places.run.starts_with('0')) {
+    candidates.push_back(
+        places.run.substr(std::min(places.run.find_first_not_of('0'), places.run.size() - 1)));
+    candidates.push_back(places.run.substr(1));
+  }
+  for (const std::string& run : candidates) {
+    if (run != places.run && KindOf(analysis + run) == FileKind::Folder) return run;
+  }
+  return {};
+}
+
+/// True when there is a run folder to look into.
+bool CheckRunFolder(const RunPlaces& places, Diagnostics& found) {
+  if (places.run.empty()) return false;
+  const FileKind kind = KindOf(places.runFolder);
+  if (kind == FileKind::Missing) {
+    const std::string meant = MeantRunNumber(places);
+    if (meant.empty()) {
+      found.push_back(
+          Diagnostic("run-folder", "the run folder " + places.runFolder + " does not exist"));
+    } else {
+      found.push_back(Diagnostic("run-number", "the run folder Run" + places.run +
+                                                   " does not exist and Run" + meant + " does")
+                          .Grave()
+                          .Because("the run would lose its log")
+                          .Suggest(meant, "the run number is written " + meant));
+    }
+    return false;
+  }
+  if (kind == FileKind::File) {
+    found.push_back(Diagnostic("run-folder", "the run folder " + places.runFolder + " is a file"));
+    return false;
+  }
+  if (!MayWriteInto(places.runFolder)) {
+    found.push_back(
+        Diagnostic("run-folder", "the run folder " + places.runFolder + " cannot be written to"));
+  }
+  return true;
+}
+
+void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile& cmx,
+                   Diagnostics& found) {
+  // The solvers that always run serially have their own use for it; the launcher has none.
+  const bool isRead = !AlwaysRunsSerially(call.family);
+  const FileKind kind = KindOf(places.cmxPath);
+  const bool isReadable = kind == FileKind::File && ReadFileStart(places.cmxPath, 1).has_value();
+  if (isReadable && !cmx.bytes.empty()) return;
+  const char* what = kind == FileKind::Missing  ? " does not exist"
+                     : kind == FileKind::Folder ? " is a folder"
+                     : isReadable               ? " is empty"
+                                                : " cannot be read";
+  Diagnostic diagnostic("cmx-file", "the CMX file " + places.cmxPath + what);
+  if (isRead) {
+    diagnostic.Grave();
+  } else {
+    diagnostic.Because("the solver would not find it");
+  }
+  if (kind == FileKind::Missing) AddCmxNeighbours(places, diagnostic);
+  found.push_back(diagnostic);
+}
+
+}  // namespace
+
+RunPlaces PlacesOf(const CallFacts& call, const Prediction& prediction) {
+  RunPlaces places;
+  places.home = call.Token(kHome);
+  if (places.home.ends_with('\\')) places.home.pop_back();
+  places.project = call.Token(kProject);
+  places.name = call.Token(kName);
+  places.run = call.Token(kRun);
+  if (prediction.isInterpreted) {
+    LauncherContext& context = *prediction.context;
+    places.home = context.homeFolder;
+    places.project = prediction.projectDirectory;
+    places.runFolder = context.localRunPath;
+    places.cmxPath = context.cmxPath;
+    const SolverClass now = context.solverClass;
+    context.solverClass = prediction.family;
+    VisitArgumentRecord(context, [&](const QVXRunTexts& run) {
+      places.name = run.projectName;
+      places.run = run.runNumber;
+    });
+    context.solverClass = now;
+  } else {
+    places.runFolder = places.project + "\\Analysis\\Run" + places.run;
+    places.cmxPath = places.runFolder + "\\" + places.name + places.run + ".cmx";
+  }
+  places.cmxName = places.cmxPath.substr(places.cmxPath.find_last_of('\\') + 1);
+  return places;
+}
+
+void CheckRunPlaces(const CallFacts& call, const RunPlaces& places, const CmxFile& cmx,
+                    Diagnostics& found) {
+  const bool isSwapped = KindOf(places.home + "\\Analysis") == FileKind::Folder &&
+                         KindOf(places.project + "\\Bin") == FileKind::Folder &&
+                         KindOf(places.home + "\\Bin") != FileKind::Folder;
+  if (isSwapped) {
+    found.push_back(Diagnostic("call-token-order", "the home folder " + places.home +
+                                                       " is a project and the project directory " +
+                                                       places.project + " an installation"));
+    return;
+  }
+  CheckFolder("home-folder", "home folder", places.home, "Bin", found);
+  if (!CheckFolder("project-folder", "project directory", places.project, "Analysis", found))
+    return;
+  if (CheckRunFolder(places, found)) CheckCmxPlace(call, places, cmx, found);
+}
+
+void CheckMachine(const Prediction& prediction, Diagnostics& found) {
+  if (prediction.context == nullptr) return;
+  const unsigned processors = std::thread::hardware_concurrency();
+  for (const Pass& pass : prediction.passes) {
+    if (pass.mode != ComputeMode::Smp || processors == 0) continue;
+    if (pass.processCount <= static_cast<int>(processors)) continue;
+    found.push_back(Diagnostic("processors", std::to_string(pass.processCount) + " tasks share " +
+                                                 std::to_string(processors) + " processors"));
+    break;
+  }
+  const MultiShotSettings& shot = prediction.context->multiShotSettings;
+  const std::string path = shot.ValueShotProjectPath;
+  if (shot.FlagPrevShot != 0 && path.empty()) {
+    found.push_back(
+        Diagnostic("previous-shot", "FlagPrevShot is set and ValueShotProjectPath is empty"));
+  } else if (shot.FlagPrevShot != 0 && KindOf(path) != FileKind::Folder) {
+    found.push_back(
+        Diagnostic("previous-shot", "the previous shot's project " + path + " does not exist"));
+  }
+  if (prediction.context->debugTraceFlag != 0) {
+    found.push_back(
+        Diagnostic("debug-trace", "the debug trace is switched on by " +
+                                      std::string(prediction.context->applicationDataFolder) +
+                                      "\\NelvornSystem\\qvxsolverlauncherdebug.txt"));
+  }
+}
+
+}  // namespace qvx::runcheck

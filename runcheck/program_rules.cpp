@@ -1,0 +1,238 @@
+#include <cstdint>
+#include <cstring>
+#include <set>
+#include <string>
+
+#include "runcheck/files.h"
+#include "runcheck/places.h"
+#include "runcheck/registry.h"
+#include "runcheck/similar_name.h"
+
+namespace qvx::runcheck {
+namespace {
+
+enum class ProgramKind { Fits, OtherMachine, NoProgram };
+
+/// A look at the header.
+ProgramKind KindOfProgram(const std::string& path) {
+  constexpr std::size_t kHeaders = 4096;
+  const std::string bytes = ReadFileStart(path, kHeaders).value_or("");
+  constexpr std::size_t kOffsetAt = 0x3C;
+  std::uint32_t offset = 0;
+  if (bytes.size() < kOffsetAt + sizeof offset || !bytes.starts_with("MZ")) {
+    return ProgramKind::NoProgram;
+  }
+  std::memcpy(&offset, bytes.data() + kOffsetAt, sizeof offset);
+  std::uint16_t machine = 0;
+  constexpr std::size_t kCharacteristicsAt = 22;
+  std::uint16_t characteristics = 0;
+  if (offset > bytes.size() || bytes.size() - offset < kCharacteristicsAt + 2 ||
+      bytes.compare(offset, 4, std::string_view("PE\0\0", 4)) != 0) {
+    return ProgramKind::NoProgram;
+  }
+  std::memcpy(&machine, bytes.data() + offset + 4, sizeof machine);
+  std::memcpy(&characteristics, bytes.data() + offset + kCharacteristicsAt, sizeof characteristics);
+  constexpr std::uint16_t kX64 = 0x8664;
+  constexpr std::uint16_t kX86 = 0x014C;
+  constexpr std::uint16_t kDll = 0x2000;
+  if ((characteristics & kDll) != 0) return ProgramKind::NoProgram;
+  return machine == kX64 || machine == kX86 ? ProgramKind::Fits : ProgramKind::OtherMachine;
+}
+
+/// ".exe" is added by the system to a name without an extension.
+std::string WithExtension(const std::string& path) {
+  const std::string name = path.substr(path.find_last_of('\\') + 1);
+  return name.find('.') == std::string::npos ? path + ".exe" : path;
+}
+
+void CheckHeader(Code code, const std::string& path, Diagnostics& found) {
+  switch (KindOfProgram(path)) {
+    case ProgramKind::NoProgram:
+      found.push_back(Diagnostic(code, path + " is no Windows program"));
+      break;
+    case ProgramKind::OtherMachine:
+      found.push_back(Diagnostic(code, path + " is a program for another machine"));
+      break;
+    case ProgramKind::Fits:
+      break;
+  }
+}
+
+class ProgramRules {
+ public:
+  ProgramRules(const Prediction& prediction, const RunPlaces& places, Diagnostics& found)
+      : prediction_(prediction), places_(places), found_(found) {}
+
+  void Check(bool machinesMatter) {
+    bool isUnderMpi = false;
+    for (const Pass& pass : prediction_.passes) {
+      isUnderMpi = isUnderMpi || pass.IsUnderMpi();
+      if (pass.mode == ComputeMode::Dmp) continue;  // its solver lies on the share
+      CheckSolver(pass);
+    }
+    const bool isDistributed =
+        !prediction_.passes.empty() && prediction_.passes.back().mode == ComputeMode::Dmp;
+    if (isUnderMpi && (!isDistributed || machinesMatter)) {
+      CheckMpiLauncher(prediction_.passes.back());
+    }
+    if (isDistributed && machinesMatter) {
+      CheckAccounts();
+      CheckProjectIni();
+    }
+  }
+
+ private:
+  const LauncherContext& Context() const { return *prediction_.context; }
+
+  void CheckSolver(const Pass& pass) {
+    const std::string path = WithExtension(pass.solverPath);
+    const FileKind kind = KindOf(path);
+    if (!seen_.insert(path).second) return;
+    if (kind != FileKind::File) {
+      if (places_.home.empty()) return;  // told with the call
+      const std::string bin = places_.home + "\\Bin";
+      if (KindOf(bin) != FileKind::Folder) return;  // told with the home folder
+      if (pass.solverPath.find_first_of("\\/:", bin.size() + 1) != std::string::npos) return;
+      Diagnostic diagnostic(
+          "solver-file",
+          "the solver " + path + (kind == FileKind::Folder ? " is a folder" : " does not exist"));
+      diagnostic.Because(pass.IsUnderMpi() ? "the MPI process launcher would not start it"
+                                           : "the launcher would stop with -1");
+      const std::string name = pass.solverPath.substr(bin.size() + 1);
+      const std::vector<std::string> names = NamesMatching(bin + "\\*.exe");
+      std::vector<std::string_view> views(names.begin(), names.end());
+      if (const std::string_view meant = MostSimilar(name, views); !meant.empty()) {
+        diagnostic.Suggest(std::string(meant), "Bin holds " + std::string(meant));
+      }
+      found_.push_back(diagnostic);
+      return;
+    }
+    CheckHeader("solver-program", path, found_);
+    if (pass.mode == ComputeMode::Serial) CheckUnquoted(pass, path);
+  }
+
+  /// A blank in an unquoted path lets the system try what stands before it first.
+  void CheckUnquoted(const Pass& pass, const std::string& path) {
+    const std::string started = ProgramOf(pass.commandLine);
+    if (started.empty() || AsciiLower(started) == AsciiLower(path)) return;
+    if (pass.reportedPath.find(' ') == std::string::npos) return;
+    found_.push_back(Diagnostic(
+        "other-program", started + " exists, and " + path + " stands without quotation marks"));
+  }
+
+  void CheckMpiLauncher(const Pass& pass) {
+    const std::string folder = Context().mpiInstallationPath;
+    if (!CheckRegistry(folder)) return;
+    const std::string path = pass.impiexecPath;
+    const FileKind kind = KindOf(path);
+    if (kind == FileKind::File) {
+      CheckHeader("mpi-launcher", path, found_);
+      CheckUnquoted(pass, path);
+      return;
+    }
+    if (KindOf(folder) == FileKind::File) {
+      const std::string right = folder.substr(0, folder.find_last_of('\\'));
+      found_.push_back(Diagnostic("mpi-path", "IntelMPI_InstallPath is a file, " + folder)
+                           .Suggest(right, "the value is the folder " + right));
+      return;
+    }
+    Diagnostic diagnostic("mpi-launcher", path + " does not exist");
+    for (const char* sub : {"bin", "x64", "em64t\\bin", "intel64\\bin"}) {
+      if (KindOf(folder + "\\" + sub + "\\impiexec.exe") != FileKind::File) continue;
+      diagnostic.Suggest(folder + "\\" + sub, "impiexec.exe lies in " + folder + "\\" + sub);
+      break;
+    }
+    found_.push_back(diagnostic);
+  }
+
+  /// False when there is no folder to look into.
+  bool CheckRegistry(const std::string& folder) {
+    const MpiPathValue value = LookUpMpiPathValue();
+    const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem";
+    std::string wrong;
+    if (!value.hasKey) {
+      wrong = "the registry holds no key " + key;
+    } else if (!value.hasValue) {
+      wrong = "the registry holds no value IntelMPI_InstallPath in " + key;
+    } else if (!value.isText || (value.isExpandable && folder.find('%') != std::string::npos)) {
+      wrong = "IntelMPI_InstallPath is no plain text (REG_SZ)";
+    } else if (folder.empty()) {
+      wrong = "IntelMPI_InstallPath is empty";
+    } else if (folder.find('"') != std::string::npos) {
+      wrong = "IntelMPI_InstallPath holds quotation marks, " + folder;
+    } else if (!IsAbsolutePath(folder)) {
+      wrong = "IntelMPI_InstallPath is relative, " + folder;
+    } else {
+      return true;
+    }
+    Diagnostic diagnostic("mpi-path", wrong);
+    if (!value.hasValue && value.isIn32BitView) {
+      diagnostic.Help("the value stands in the registry of 32-bit programs (WOW6432Node)");
+    } else if (!value.hasValue && value.isInUserKey) {
+      diagnostic.Help("the value stands in HKEY_CURRENT_USER and belongs into HKEY_LOCAL_MACHINE");
+    }
+    if (folder.find('"') != std::string::npos) {
+      std::string right = folder;
+      std::erase(right, '"');
+      diagnostic.Suggest(right, "the value is written " + right);
+    }
+    found_.push_back(diagnostic);
+    return false;
+  }
+
+  void CheckAccounts() {
+    const std::string path = places_.home + "\\acc.ini";
+    const FileKind kind = KindOf(path);
+    if (kind == FileKind::File && !ReadFileStart(path, 1).value_or("").empty()) return;
+    found_.push_back(Diagnostic("account-file", path + (kind == FileKind::Missing  ? " is missing"
+                                                        : kind == FileKind::Folder ? " is a folder"
+                                                                                   : " is empty")));
+  }
+
+  void CheckProjectIni() {
+    if (Context().parallelFolderName[0] != '\0') {
+      CheckParallelFolder(Context().parallelFolderName);
+      return;
+    }
+    const std::string path = places_.home + "\\Bin\\QVXProject.ini";
+    if (KindOf(path) != FileKind::File) {
+      found_.push_back(Diagnostic("project-ini", path + " is missing"));
+      return;
+    }
+    const std::string bytes = ReadFileStart(path, 65536).value_or("");
+    Diagnostic diagnostic("project-ini",
+                          path + " holds no QVX_PARALLEL_FOLDER_NAME in its section Configuration");
+    if (bytes.starts_with("\xEF\xBB\xBF")) {
+      diagnostic.summary = path + " begins with a byte-order mark, which hides its first section";
+    } else if (const std::string lower = AsciiLower(bytes);
+               lower.find("qvx_parallel_folder_name") != std::string::npos) {
+      diagnostic.summary = path +
+                           " holds QVX_PARALLEL_FOLDER_NAME without a value or outside its "
+                           "section Configuration";
+    }
+    found_.push_back(diagnostic);
+  }
+
+  void CheckParallelFolder(const std::string& name) {
+    if (name.find_first_not_of("\\/") == 0 && name.back() != '\\' && !IsAbsolutePath(name)) return;
+    found_.push_back(
+        Diagnostic("project-ini", "QVX_PARALLEL_FOLDER_NAME is " + name + ", no share's name")
+            .Help("it is the share's name, without backslashes around it"));
+  }
+
+  const Prediction& prediction_;
+  const RunPlaces& places_;
+  Diagnostics& found_;
+  std::set<std::string> seen_;
+};
+
+}  // namespace
+
+void CheckPrograms(const Prediction& prediction, const RunPlaces& places, bool machinesMatter,
+                   Diagnostics& found) {
+  if (prediction.context != nullptr) {
+    ProgramRules(prediction, places, found).Check(machinesMatter);
+  }
+}
+
+}  // namespace qvx::runcheck

@@ -1,0 +1,178 @@
+#include "runcheck/share_rules.h"
+
+#include <string>
+
+#include "launcher/lower_case_name.h"
+#include "runcheck/call_facts.h"
+#include "runcheck/similar_name.h"
+
+namespace qvx::runcheck {
+namespace {
+
+class ShareRules {
+ public:
+  ShareRules(const CmxFacts& facts, const Prediction& prediction, Diagnostics& found)
+      : facts_(facts),
+        reading_(*facts.Reading(kRemoteMachinesSection)),
+        context_(*prediction.context),
+        settings_(context_.remoteMachineSettings),
+        projectDirectory_(prediction.projectDirectory),
+        found_(found) {}
+
+  void Check() {
+    CheckStorageNode();
+    CheckShareName();
+    CheckWorkingFolder();
+  }
+
+ private:
+  void Add(Diagnostic diagnostic, std::string_view key) {
+    if (const SettingLine* setting = reading_.Find(key)) {
+      diagnostic.At(ValueRange(facts_.File(), *setting), setting->line->whole);
+    } else if (!reading_.openings.empty()) {
+      const CmxLine& opening = *reading_.openings.back();
+      diagnostic.At(LineRange(facts_.File(), opening), opening.whole);
+    }
+    found_.push_back(std::move(diagnostic));
+  }
+
+  /// What stands around a value is told where the value stands.
+  static bool IsClean(const std::string& value) { return Cleaned(value) == value; }
+
+  void CheckStorageNode() {
+    const std::string node = settings_.ValueStorageNode;
+    const bool isDefault = reading_.ValueOf("ValueStorageNode").empty();
+    const std::string_view key = isDefault ? "ValueLocalHost" : "ValueStorageNode";
+    if (node.empty()) {
+      Add(Diagnostic("storage-node", "neither ValueStorageNode nor ValueLocalHost is set"), key);
+    } else if (IsClean(node) && node.find_first_of("\\/ ") != std::string::npos) {
+      const std::string name = node.substr(std::min(node.find_first_not_of("\\/"), node.size()));
+      const std::string host = name.substr(0, name.find_first_of("\\/ "));
+      Add(Diagnostic("storage-node", std::string(key) + " is " + node + ", no host name")
+              .Suggest(host, "the host is written " + host),
+          key);
+    }
+  }
+
+  void CheckShareName() {
+    constexpr std::string_view kKey = "ValueShareFolderName";
+    const std::string share = settings_.ValueShareFolderName;
+    if (!IsClean(share)) return;
+    const std::size_t first = share.find_first_not_of("\\/");
+    if (share.empty()) {
+      Add(Diagnostic("share-name", "ValueShareFolderName is empty"), kKey);
+    } else if (IsAbsolutePath(share)) {
+      Add(Diagnostic("share-name", "ValueShareFolderName is a path, " + share), kKey);
+    } else if (first != 0 || share.find_last_not_of("\\/") != share.size() - 1) {
+      const std::string name = first == std::string::npos
+                                   ? ""
+                                   : share.substr(first, share.find_last_not_of("\\/") - first + 1);
+      Add(Diagnostic("share-name", "a backslash stands beside the share's name in " + share)
+              .Suggest(name, "the share is written " + name),
+          kKey);
+    }
+  }
+
+  std::string Lowered(std::string text) {
+    LowerCaseName(context_, text);
+    return text;
+  }
+
+  void AddFolder(const std::string& summary, bool grave, const std::string& suggestion = {}) {
+    Diagnostic diagnostic("working-folder", summary);
+    diagnostic.Grave(grave);
+    if (!suggestion.empty()) {
+      diagnostic.Suggest(suggestion, "the working folder is written " + suggestion);
+    }
+    Add(diagnostic, "ValueParallelWorkingFolder");
+  }
+
+  void CheckWorkingFolder() {
+    const std::string folder = settings_.ValueParallelWorkingFolder;
+    const std::string project = Lowered(projectDirectory_);
+    const std::string wanted = Lowered(folder);
+    if (!IsClean(folder) || projectDirectory_.empty()) return;
+    if (folder.empty()) {
+      AddFolder("ValueParallelWorkingFolder is empty", true);
+      return;
+    }
+    const std::size_t at = project.find(wanted);
+    if (at == std::string::npos) {
+      CheckNotFound(folder);
+      return;
+    }
+    const std::size_t end = at + wanted.size();
+    const std::string rest = project.substr(std::min(end + 1, project.size()));
+    if (folder.back() == '\\' || folder.back() == '/') {
+      AddFolder("ValueParallelWorkingFolder ends in a backslash and makes the project " +
+                    (rest.empty() ? "nameless" : rest),
+                true, folder.substr(0, folder.size() - 1));
+    } else if (end < project.size() && project[end] != '\\' && project[end] != '/') {
+      AddFolder(folder + " ends within a name of the project directory and makes the project " +
+                    (rest.empty() ? "nameless" : rest),
+                true);
+    } else if (at != 0) {
+      AddFolder(folder + " is not where the project directory begins", project[at - 1] != '\\');
+    } else if (project.find(wanted, 1) != std::string::npos) {
+      AddFolder(folder + " stands in the project directory twice, and the first place counts",
+                false);
+    }
+  }
+
+  void CheckNotFound(const std::string& folder) {
+    std::string slashes = AsciiLower(folder);
+    for (char& c : slashes) {
+      if (c == '/') c = '\\';
+    }
+    std::string suggestion;
+    if (AsciiLower(projectDirectory_).starts_with(slashes) && slashes != AsciiLower(folder)) {
+      suggestion = projectDirectory_.substr(0, folder.size());
+    }
+    std::string summary = folder + " is not in the project directory " + projectDirectory_;
+    if (HasBeyondAscii(folder)) summary += "; the case of letters beyond A to Z counts";
+    AddFolder(summary, true, suggestion);
+  }
+
+  static bool HasBeyondAscii(std::string_view text) {
+    for (const char c : text) {
+      if (static_cast<unsigned char>(c) >= 0x80) return true;
+    }
+    return false;
+  }
+
+  const CmxFacts& facts_;
+  const SectionReading& reading_;
+  LauncherContext& context_;
+  const RemoteMachineSettings& settings_;
+  const std::string& projectDirectory_;
+  Diagnostics& found_;
+};
+
+}  // namespace
+
+void CheckShares(const CmxFacts& facts, const Prediction& prediction, Diagnostics& found) {
+  const SectionReading* reading = facts.Reading(kRemoteMachinesSection);
+  if (reading == nullptr || reading->openings.empty() || !prediction.isPrepared) return;
+  ShareRules(facts, prediction, found).Check();
+}
+
+void CheckCommandLines(const Prediction& prediction, Diagnostics& found) {
+  // What CreateProcess takes, and what one line of the log holds beside "Commandline=[]".
+  constexpr std::size_t kLongestCommandLine = 32766;
+  constexpr std::size_t kLongestLoggedLine = 32751;
+  for (const Pass& pass : prediction.passes) {
+    const std::size_t length = pass.commandLine.size();
+    if (length <= kLongestLoggedLine) continue;
+    Diagnostic diagnostic("command-line-length",
+                          "the command line has " + std::to_string(length) + " characters");
+    if (length > kLongestCommandLine) {
+      diagnostic.Because("the system would not start it; 32766 are the most");
+    } else {
+      diagnostic.Because(
+          "the launcher would start it, fail to log it and end with -2; 32751 are the most");
+    }
+    found.push_back(diagnostic);
+  }
+}
+
+}  // namespace qvx::runcheck

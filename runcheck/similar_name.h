@@ -1,0 +1,23 @@
+// Finds the name that a misspelt one was meant to be.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace qvx::runcheck {
+
+/// A to Z only: bytes beyond belong to a code page that this does not know.
+std::string AsciiLower(std::string_view text);
+
+/// Letters to insert, remove, replace or swap with their neighbour.
+std::size_t EditDistance(std::string_view left, std::string_view right);
+
+/// True when few enough letters differ that one can be the other misspelt; letter case, blanks and
+/// underscores do not count.
+bool IsSimilar(std::string_view name, std::string_view meant);
+
+/// The most similar of `names`; empty when none is similar.
+std::string_view MostSimilar(std::string_view name, std::span<const std::string_view> names);
+
+}  // namespace qvx::runcheck

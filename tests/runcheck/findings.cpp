@@ -1,0 +1,42 @@
+#include "tests/runcheck/findings.h"
+
+#include <filesystem>
+#include <regex>
+
+#include "tests/support/program_path.h"
+
+namespace qvx::test {
+
+RunCheckTest::RunCheckTest() {
+  site.WriteCmx(kSerialFile);
+  std::filesystem::create_directories(site.Path("Mpi"));
+  std::filesystem::copy_file(ProgramPath("samples\\impiexec.exe"), site.Path("Mpi\\impiexec.exe"));
+  mpiPath.Set(site.Path("Mpi"));
+}
+
+std::string RunCheckTest::Answer(std::vector<std::string> arguments) const {
+  arguments.insert(arguments.begin(), "--no-network");
+  for (std::string& argument : arguments) argument = site.Specific(argument);
+  const CheckResult result = RunQvxRunCheck(arguments);
+  EXPECT_EQ(result.error, "");
+  status = result.status;
+  return site.Generic(result.output);
+}
+
+std::string RunCheckTest::Findings(const std::vector<std::string>& launcherArguments) const {
+  std::vector<std::string> arguments = {"--"};
+  arguments.insert(arguments.end(), launcherArguments.begin(), launcherArguments.end());
+  const std::string answer = Answer(arguments);
+  // Behind the heading and the facts, which begin with "Run" and two blanks.
+  for (std::size_t start = 0; start < answer.size(); start = answer.find('\n', start) + 1) {
+    const std::string_view line = std::string_view(answer).substr(start);
+    if (!line.starts_with("Run ") && !line.starts_with("  ") && !line.starts_with("\n")) {
+      // A site's name has no fixed length, nor have markers under it.
+      static const std::regex marker("\\^~+");
+      return std::regex_replace(answer.substr(start), marker, "^~");
+    }
+  }
+  return answer;
+}
+
+}  // namespace qvx::test

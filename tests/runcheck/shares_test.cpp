@@ -1,0 +1,249 @@
+// Folders and accounts of a distributed run: a mistake that the check finds, message by message,
+// and near misses.
+#include <string>
+
+#include "tests/runcheck/findings.h"
+
+namespace qvx::test {
+namespace {
+
+using RunCheckShares = RunCheckTest;
+
+TEST_F(RunCheckShares, ADistributedRunIsInOrder) {
+  site.WriteCmx(kDmpFile);
+  EXPECT_EQ(Findings(), kInOrder);
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(RunCheckShares, AMissingAccountFile) {
+  site.WriteCmx(kDmpFile);
+  site.Remove("Home\\acc.ini");
+  EXPECT_EQ(
+      Findings(),
+      "error: <site>\\Home\\acc.ini is missing: the launcher would stop with -1 [account-file]\n"
+      "    help: it holds the MPI accounts and lies in the home folder\n"
+      "\n"
+      "1 error: this run would not start.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AnEmptyAccountFile) {
+  site.WriteCmx(kDmpFile);
+  site.Write("Home\\acc.ini", "");
+  EXPECT_EQ(
+      Findings(),
+      "error: <site>\\Home\\acc.ini is empty: the launcher would stop with -1 [account-file]\n"
+      "    help: it holds the MPI accounts and lies in the home folder\n"
+      "\n"
+      "1 error: this run would not start.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, ALocalRunNeedsNoAccounts) {
+  site.Remove("Home\\acc.ini");
+  EXPECT_EQ(Findings(), kInOrder);
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(RunCheckShares, AMissingProjectIni) {
+  site.WriteCmx(kDmpFile);
+  site.Remove("Home\\Bin\\QVXProject.ini");
+  EXPECT_EQ(Findings(),
+            "error: <site>\\Home\\Bin\\QVXProject.ini is missing: the run would go to a share "
+            "without a name [project-ini]\n"
+            "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AProjectIniWithoutItsKey) {
+  site.WriteCmx(kDmpFile);
+  site.Write("Home\\Bin\\QVXProject.ini", "[Configuration]\r\n");
+  EXPECT_EQ(Findings(),
+            "error: <site>\\Home\\Bin\\QVXProject.ini holds no QVX_PARALLEL_FOLDER_NAME in its "
+            "section Configuration: the run would go to a share without a name [project-ini]\n"
+            "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AProjectIniWithAnotherSection) {
+  site.WriteCmx(kDmpFile);
+  site.Write("Home\\Bin\\QVXProject.ini", "[Config]\r\nQVX_PARALLEL_FOLDER_NAME=x\r\n");
+  EXPECT_EQ(Findings(),
+            "error: <site>\\Home\\Bin\\QVXProject.ini holds QVX_PARALLEL_FOLDER_NAME without a "
+            "value or outside its section Configuration: the run would go to a share without a "
+            "name [project-ini]\n"
+            "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AProjectIniThatNamesAPath) {
+  site.WriteCmx(kDmpFile);
+  site.Write("Home\\Bin\\QVXProject.ini",
+             "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=C:\\Home\r\n");
+  EXPECT_EQ(Findings(),
+            "error: QVX_PARALLEL_FOLDER_NAME is C:\\Home, no share's name: the run would go to a "
+            "share without a name [project-ini]\n"
+            "    help: it is the share's name, without backslashes around it\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, NoStorageNode) {
+  site.WriteCmx(Replaced(kDmpFile, "ValueLocalHost=NODE1\r\n", ""));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:4:1: error: neither ValueStorageNode nor ValueLocalHost is set: the run "
+            "would go to folders that cannot be reached [storage-node]\n"
+            "    4 | <REMOTE_MACHINES>\n"
+            "      | ^~ help: ValueStorageNode, or ValueLocalHost, is a host name alone\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AStorageNodeWithBackslashes) {
+  site.WriteCmx(Replaced(kDmpFile, "=NODE1\r\n", "=\\\\NODE1\r\n"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:6:16: error: ValueLocalHost is \\\\NODE1, no host name: the run would go "
+            "to folders that cannot be reached [storage-node]\n"
+            "    6 | ValueLocalHost=\\\\NODE1\n"
+            "      |                ^~ help: the host is written NODE1\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, NoShare) {
+  site.WriteCmx(Replaced(kDmpFile, "ValueShareFolderName=<name>\\Work\r\n", ""));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:4:1: error: ValueShareFolderName is empty: the run would go to another "
+            "folder [share-name]\n"
+            "    4 | <REMOTE_MACHINES>\n"
+            "      | ^~ help: it is the share's name, without backslashes around it\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AShareThatIsAPath) {
+  site.WriteCmx(Replaced(kDmpFile, "=<name>\\Work", "=C:\\Work"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:7:22: error: ValueShareFolderName is a path, C:\\Work: the run would go "
+            "to another folder [share-name]\n"
+            "    7 | ValueShareFolderName=C:\\Work\n"
+            "      |                      ^~ help: it is the share's name, without backslashes "
+            "around it\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AShareWithABackslash) {
+  site.WriteCmx(Replaced(kDmpFile, "=<name>\\Work", "=\\Work"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:7:22: error: a backslash stands beside the share's name in \\Work: the "
+            "run would go to another folder [share-name]\n"
+            "    7 | ValueShareFolderName=\\Work\n"
+            "      |                      ^~ help: the share is written Work\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AWorkingFolderWithABackslashAtItsEnd) {
+  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "<site>\\WORK\\"));
+  EXPECT_EQ(
+      Findings(),
+      "Sample01.cmx:8:28: error: ValueParallelWorkingFolder ends in a backslash and makes the "
+      "project ample: the run would go to another folder [working-folder]\n"
+      "    8 | ValueParallelWorkingFolder=<site>\\WORK\\\n"
+      "      |                            ^~ help: the working folder is written <site>\\WORK\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AWorkingFolderElsewhere) {
+  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "D:\\Work"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:8:28: error: D:\\Work is not in the project directory "
+            "<site>\\Work\\Sample: the run would go to another folder [working-folder]\n"
+            "    8 | ValueParallelWorkingFolder=D:\\Work\n"
+            "      |                            ^~ help: it is the shared folder above the "
+            "project, without a backslash at its end\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AWorkingFolderWithSlashes) {
+  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "C:/NODE1"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:8:28: error: C:/NODE1 is not in the project directory "
+            "<site>\\Work\\Sample: the run would go to another folder [working-folder]\n"
+            "    8 | ValueParallelWorkingFolder=C:/NODE1\n"
+            "      |                            ^~ help: the working folder is written C:\\NODE1\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AWorkingFolderThatEndsWithinAName) {
+  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "<site>\\Wo"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:8:28: error: <site>\\Wo ends within a name of the project directory and "
+            "makes the project k\\sample: the run would go to another folder [working-folder]\n"
+            "    8 | ValueParallelWorkingFolder=<site>\\Wo\n"
+            "      |                            ^~ help: it is the shared folder above the "
+            "project, without a backslash at its end\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginning) {
+  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "Work"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:8:28: warning: Work is not where the project directory begins "
+            "[working-folder]\n"
+            "    8 | ValueParallelWorkingFolder=Work\n"
+            "      |                            ^~ help: it is the shared folder above the "
+            "project, without a backslash at its end\n"
+            "\n"
+            "1 warning: this run would start.\n");
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(RunCheckShares, NoWorkingFolder) {
+  site.WriteCmx(Replaced(kDmpFile, "ValueParallelWorkingFolder=<site>\\WORK\r\n", ""));
+  EXPECT_EQ(
+      Findings(),
+      "Sample01.cmx:4:1: error: ValueParallelWorkingFolder is empty: the run would go to another "
+      "folder [working-folder]\n"
+      "    4 | <REMOTE_MACHINES>\n"
+      "      | ^~ help: it is the shared folder above the project, without a backslash at its end\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(RunCheckShares, MachinesBeyondTheMemory) {
+  site.WriteCmx(Replaced(kDmpFile, "ValueNoMachine=2", "ValueNoMachine=2000000000"));
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:5:16: error: ValueNoMachine cannot be allocated: count 2000000000: the "
+            "launcher would end with -2 [cannot-allocate]\n"
+            "    5 | ValueNoMachine=2000000000\n"
+            "      |                ^~ help: the count is a small number\n"
+            "\n"
+            "1 error: this run would not start.\n");
+  EXPECT_EQ(status, 1);
+}
+
+}  // namespace
+}  // namespace qvx::test
