@@ -21,6 +21,4 @@ FailingAllocation::FailingAllocation(int allocation) {
 
 FailingAllocation::~FailingAllocation() { isArmed = false; }
 
-int FailingAllocation::Count() const { return count; }
-
 }  // namespace qvx::test

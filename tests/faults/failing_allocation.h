@@ -5,14 +5,11 @@ namespace qvx::test {
 
 class FailingAllocation {
  public:
-  /// Counts from 1; 0 lets none fail.
+  /// Counts from 1.
   explicit FailingAllocation(int allocation);
   ~FailingAllocation();
   FailingAllocation(const FailingAllocation&) = delete;
   FailingAllocation& operator=(const FailingAllocation&) = delete;
-
-  /// Allocations so far.
-  int Count() const;
 };
 
 }  // namespace qvx::test

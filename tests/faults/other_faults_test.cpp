@@ -1,23 +1,19 @@
-// Faults that are more than one failing call: short writes, a full disk, a console that counts
-// characters, exhausted memory, and closed libraries that throw, refuse or have no text.
+// Faults that no transcript shows: exhausted memory beside a real child, and closed libraries that
+// throw, refuse or have no text.
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "execution/argument_string.h"
-#include "execution/console_log.h"
 #include "execution/mpi_launch.h"
-#include "execution/serial_launch.h"
-#include "execution/write_whole.h"
 #include "launcher/entry_sequence.h"
 #include "launcher/lower_case_name.h"
 #include "tests/faults/failing_allocation.h"
-#include "tests/faults/failing_call.h"
 #include "tests/faults/imported_member.h"
 #include "tests/support/expect_fault.h"
 #include "tests/support/import_patch.h"
@@ -25,7 +21,6 @@
 
 extern "C" {
 extern void* __imp_CreateProcessA;
-extern void* __imp_WriteFile;
 
 // throwing_library
 __declspec(dllimport) void ThrowRuntimeError();
@@ -34,126 +29,6 @@ __declspec(dllimport) void ThrowBadAlloc();
 
 namespace qvx {
 namespace {
-
-const auto kSystemWriteFile = reinterpret_cast<decltype(&WriteFile)>(__imp_WriteFile);
-int writes = 0;
-
-bool IsLog(HANDLE file) {
-  return GetFileType(file) == FILE_TYPE_DISK && file != GetStdHandle(STD_OUTPUT_HANDLE);
-}
-
-BOOL WINAPI WriteOneByte(HANDLE file, const void* bytes, DWORD size, DWORD* written,
-                         OVERLAPPED* none) {
-  return kSystemWriteFile(file, bytes, size < 1 ? size : 1, written, none);
-}
-
-/// Takes one byte of the log's second text and refuses everything after it.
-BOOL WINAPI WriteUntilTheDiskIsFull(HANDLE file, const void* bytes, DWORD size, DWORD* written,
-                                    OVERLAPPED* none) {
-  if (!IsLog(file)) return kSystemWriteFile(file, bytes, size, written, none);
-  ++writes;
-  if (writes == 1) return kSystemWriteFile(file, bytes, size, written, none);
-  if (writes == 2) return kSystemWriteFile(file, bytes, 1, written, none);
-  *written = 0;
-  SetLastError(ERROR_DISK_FULL);
-  return FALSE;
-}
-
-class Writes : public test::LaunchTest {
- protected:
-  Writes() {
-    logName = "console_redirect_serial_Flow_<time>.txt";
-    script.Set("print first;flush;print second;flush;sleep 100;exit 3");
-  }
-
-  test::Outcome RunWith(decltype(&WriteFile) write) {
-    writes = 0;
-    const test::ImportPatch patch(&__imp_WriteFile, reinterpret_cast<void*>(write));
-    return Run(LaunchSerial);
-  }
-
-  const std::string shown = std::string(test::kSerialBanner) + "first\r\nsecond\r\n";
-  const std::string commandLine = "Commandline=[" + solver + " -a b]\r\n";
-};
-
-TEST_F(Writes, ThatTakeOneByteAtATimeLoseNothing) {
-  ExpectOutcome(RunWith(WriteOneByte), 3, solver, shown, commandLine + "first\r\nsecond\r\n");
-}
-
-TEST_F(Writes, ToAFullDiskEndTheLogAlone) {
-  const test::Outcome outcome = RunWith(WriteUntilTheDiskIsFull);
-  EXPECT_EQ(outcome.result, 3);
-  EXPECT_EQ(outcome.console.All(), shown + "\r\n" + test::ReturnValue(solver, 3));
-  EXPECT_EQ(Log(), commandLine + "f");
-}
-
-/// As a console may that shows UTF-8: it takes everything and counts characters.
-BOOL WINAPI WriteAndCountHalf(HANDLE, const void*, DWORD size, DWORD* written, OVERLAPPED*) {
-  ++writes;
-  *written = size / 2;
-  return TRUE;
-}
-
-TEST(WriteWhole, DoesNotRepeatItselfOnAConsole) {
-  const HANDLE device =
-      CreateFileA("NUL", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  ASSERT_EQ(GetFileType(device), FILE_TYPE_CHAR);
-  writes = 0;
-  {
-    const test::ImportPatch patch(&__imp_WriteFile, reinterpret_cast<void*>(WriteAndCountHalf));
-    EXPECT_NE(WriteWhole(device, "text", 4), 0);
-  }
-  EXPECT_EQ(writes, 1);
-  CloseHandle(device);
-}
-
-/// A run from its command line, as the system starts it.
-int RunEntry(const std::string& home, const std::string& project) {
-  std::string first = "L$1";
-  std::string tokens = home + "*" + project + "*Sample*0*01";
-  std::string name = "QvxOptics.exe";  // reads no CMX file
-  char* arguments[] = {first.data(), tokens.data(), name.data()};
-  return RunEntrySequence(3, arguments);
-}
-
-/// A solver writes this when it lives to its end; not in the fixture's folder, for the death test's
-/// process has another. EXPECT_FAULT returns only when the solver is gone too: the solver inherits
-/// the death test's pipe.
-const std::string kSolverEnded =
-    (std::filesystem::temp_directory_path() / "qvx_solver_ended").string();
-
-class OutOfMemory : public test::LaunchTest {
- protected:
-  OutOfMemory() { std::filesystem::remove(kSolverEnded); }
-  ~OutOfMemory() override { std::filesystem::remove(kSolverEnded); }
-
-  int CountAllocations() {
-    script.Set("exit 0");
-    int count = 0;
-    test::ConsoleOf([&] {
-      const test::FailingAllocation none(0);
-      LaunchSerial(context);
-      count = none.Count();
-    });
-    return count;
-  }
-
-  [[noreturn]] void LaunchUntil(int allocation) {
-    script.Set("sleep 1000;touch " + kSolverEnded);
-    InstallOutOfMemoryFault();
-    const test::FailingAllocation failing(allocation);
-    std::exit(LaunchSerial(context));
-  }
-};
-
-TEST_F(OutOfMemory, AtAnyAllocationEndsTheLauncherAndItsChild) {
-  const int allocations = CountAllocations();
-  EXPECT_GT(allocations, 5);
-  for (int n = 1; n <= allocations; ++n) {
-    EXPECT_FAULT(LaunchUntil(n), "ERROR: out of memory") << n;
-    EXPECT_FALSE(std::filesystem::exists(kSolverEnded)) << n;
-  }
-}
 
 const auto kSystemCreateProcess = reinterpret_cast<decltype(&CreateProcessA)>(__imp_CreateProcessA);
 
@@ -164,34 +39,38 @@ BOOL WINAPI CreateProcessAndRunOut(const char* program, char* commandLine,
                                    const char* folder, STARTUPINFOA* startup,
                                    PROCESS_INFORMATION* process) {
   static std::optional<test::FailingAllocation> failing;
+  static HANDLE child = nullptr;
   const BOOL created = kSystemCreateProcess(program, commandLine, ofProcess, ofThread, inherits,
                                             flags, environment, folder, startup, process);
+  DuplicateHandle(GetCurrentProcess(), process->hProcess, GetCurrentProcess(), &child, 0, FALSE,
+                  DUPLICATE_SAME_ACCESS);
+  std::atexit([] {
+    DWORD exitCode = 0;
+    WaitForSingleObject(child, INFINITE);
+    GetExitCodeProcess(child, &exitCode);
+    std::fprintf(stderr, "the child ended with %d\n", static_cast<int>(exitCode));
+  });
   failing.emplace(1);
   return created;
 }
 
-TEST_F(OutOfMemory, InAWholeRunEndsTheLauncherAndItsChild) {
-  Install("QuorvexFakeSolver.exe", home + "\\Bin\\QvxOptics.exe");
-  EXPECT_FAULT(
-      {
-        script.Set("sleep 1000;touch " + kSolverEnded);
-        const test::ImportPatch patch(&__imp_CreateProcessA,
-                                      reinterpret_cast<void*>(CreateProcessAndRunOut));
-        std::exit(RunEntry(home, folder.Path("Project")));
-      },
-      "ERROR: out of memory");
-  EXPECT_FALSE(std::filesystem::exists(kSolverEnded));
+[[noreturn]] void RunOutBesideAChild(const std::string& home, const std::string& project) {
+  const test::ImportPatch patch(&__imp_CreateProcessA,
+                                reinterpret_cast<void*>(CreateProcessAndRunOut));
+  std::string first = "L$1";
+  std::string tokens = home + "*" + project + "*Sample*0*01";
+  std::string name = "QvxOptics.exe";  // reads no CMX file
+  char* arguments[] = {first.data(), tokens.data(), name.data(), nullptr};
+  std::exit(RunEntrySequence(3, arguments));
 }
 
-TEST_F(OutOfMemory, EndsTheLauncherEvenIfTheChildCannotBeEnded) {
-  const int last = CountAllocations();
-  EXPECT_FAULT(
-      {
-        const test::FailingCall failing("TerminateProcess", 1, ERROR_ACCESS_DENIED);
-        LaunchUntil(last);
-      },
-      "ERROR: out of memory");
-  test::Await(kSolverEnded);
+class OutOfMemory : public test::LaunchTest {};
+
+TEST_F(OutOfMemory, EndsTheLauncherAndItsChild) {
+  Install("QuorvexFakeSolver.exe", home + "\\Bin\\QvxOptics.exe");
+  script.Set("sleep 60000");
+  EXPECT_FAULT(RunOutBesideAChild(home, folder.Path("Project")),
+               "ERROR: out of memory\nthe child ended with -2");
 }
 
 void SayThatItGoes(void*) { std::fputs("built objects are destroyed\n", stderr); }
@@ -212,12 +91,10 @@ void SayThatItGoes(void*) { std::fputs("built objects are destroyed\n", stderr);
 TEST(ClosedLibrary, WhoseConstructorOrOperationThrowsEndsTheLauncher) {
   void** const constructor = test::ImportedMember("CQVXMPITool", test::kConstructor);
   void** const operation = test::ImportedMember("CQVXSolverArgumentTool", {"CreateOpticsArgument"});
-  for (void** const slot : {constructor, operation}) {
-    EXPECT_FAULT(RunWhileLibraryThrows(slot, ThrowRuntimeError),
-                 "built objects are destroyed\r?\nERROR: unexpected exception");
-    EXPECT_FAULT(RunWhileLibraryThrows(slot, ThrowBadAlloc),
-                 "built objects are destroyed\r?\nERROR: out of memory");
-  }
+  EXPECT_FAULT(RunWhileLibraryThrows(constructor, ThrowRuntimeError),
+               "built objects are destroyed\r?\nERROR: unexpected exception");
+  EXPECT_FAULT(RunWhileLibraryThrows(operation, ThrowBadAlloc),
+               "built objects are destroyed\r?\nERROR: out of memory");
 }
 
 const char* NoText(void*, const void*) { return nullptr; }

@@ -28,7 +28,7 @@ class LauncherProcess {
   LauncherProcess(const LauncherProcess&) = delete;
   LauncherProcess& operator=(const LauncherProcess&) = delete;
 
-  /// Blocks until standard output holds `text`; false when it ended without, or after a minute.
+  /// Blocks until standard output holds `text`; false when it ended without, or after ten minutes.
   bool WaitForOutput(const std::string& text);
 
   /// Sends a real Ctrl-C to the launcher's console; false when that is impossible.
@@ -39,7 +39,7 @@ class LauncherProcess {
   /// The most memory that it had at a time so far, in bytes.
   std::size_t PeakWorkingSet() const;
 
-  /// Waits for the end, and ends a launcher that takes more than two minutes. Exit status with all
+  /// Waits for the end, and ends a launcher that takes more than ten minutes. Exit status with all
   /// 32 bits.
   int Wait();
 

@@ -5,174 +5,181 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <mutex>
-#include <set>
+#include <latch>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include "tests/runcheck/truth_asked.h"
 #include "tests/support/machine_state.h"
 #include "tests/support/program_path.h"
+#include "tests/support/texts.h"
 
 namespace qvx::test {
 namespace {
 
 constexpr std::size_t kSideBySide = 32;
-const std::string kMpi = "C:\\NODE1\\mpi";
-const std::string kMpiWithoutManager = "C:\\NODE1\\mpi2";
-const std::string kScriptedMpi = "C:\\NODE1\\mpi3";
 
-std::map<std::string, Runs (*)()>& RunsByTest() {
-  static std::map<std::string, Runs (*)()> runs;
-  return runs;
-}
-
-/// The runs that the tests look at which the filter chose; each one once.
-std::set<const PlannedRun*> ChosenRuns() {
-  std::set<const PlannedRun*> chosen;
-  const testing::UnitTest& all = *testing::UnitTest::GetInstance();
-  for (int i = 0; i < all.total_test_suite_count(); ++i) {
-    const testing::TestSuite& suite = *all.GetTestSuite(i);
-    for (int j = 0; j < suite.total_test_count(); ++j) {
-      const testing::TestInfo& test = *suite.GetTestInfo(j);
-      if (!test.should_run()) continue;
-      const std::string name = std::string(test.test_suite_name()) + '.' + test.name();
-      const auto found = RunsByTest().find(name.substr(0, name.find('/', name.find('.'))));
-      if (found != RunsByTest().end())
-        for (const PlannedRun* run : found->second()) chosen.insert(run);
-    }
-  }
-  return chosen;
-}
-
-void InstallImpiexec(const std::string& folder, const std::string& sample = "impiexec.exe") {
+void InstallImpiexec(const std::string& folder, const std::string& sample) {
   std::filesystem::create_directories(folder);
   std::filesystem::copy_file(ProgramPath("samples\\" + sample), folder + "\\impiexec.exe",
                              std::filesystem::copy_options::overwrite_existing);
 }
 
-void ForEachSideBySide(const Runs& runs, const std::function<void(const PlannedRun&)>& action) {
-  std::atomic<std::size_t> next = 0;
-  std::vector<std::thread> threads;
-  for (std::size_t i = 0; i < std::min(kSideBySide, runs.size()); ++i) {
-    threads.emplace_back([&] {
-      for (std::size_t run = next++; run < runs.size(); run = next++) action(*runs[run]);
-    });
+/// A run with its surroundings on disk.
+class Run {
+ public:
+  explicit Run(RunResult& result) : result_(&result), site_(std::make_unique<Site>()) {
+    const RunPlan& plan = result.plan;
+    site_->InstallSolver(plan.solver);
+    // In files, because a distributed run's solvers do not get the launcher's environment.
+    std::map<std::string, std::string> scripts = plan.scripts;
+    scripts.emplace("Qvx3DFlow", plan.script);
+    scripts.emplace(plan.solver.substr(0, plan.solver.find('.')), plan.script);
+    for (const auto& [solver, script] : scripts) {
+      site_->Write("Home\\Bin\\" + solver + ".script", site_->Specific(script));
+    }
+    site_->WriteCmx(plan.cmx);
+    if (plan.prepare) plan.prepare(*site_);
   }
-  for (std::thread& thread : threads) thread.join();
-}
 
-void CarryOutChosenRuns() {
-  const std::set<const PlannedRun*> chosen = ChosenRuns();
-  InstallImpiexec(kMpi);
-  InstallImpiexec(kMpiWithoutManager);
-  InstallImpiexec(kScriptedMpi, "QuorvexFakeSolver.exe");
-  std::ofstream(kMpiWithoutManager + "\\impiexec_no_smpd.txt");
-  const MpiInstallPathValue mpiPath;
-  const DebugTraceSwitchFile traceSwitch;
-  const std::map<Machine, std::string> mpiPaths = {
-      {Machine::Plain, kMpi},
-      {Machine::Traced, kMpi},
-      {Machine::WithoutMpi, ""},
-      {Machine::NoProcessManager, kMpiWithoutManager + "\\"},
-      {Machine::ScriptedMpi, kScriptedMpi},
-  };
-  for (const auto& [machine, path] : mpiPaths) {
-    mpiPath.Set(path);
-    if (machine == Machine::WithoutMpi) mpiPath.Remove();
-    if (machine == Machine::Traced) std::ofstream{traceSwitch.Path()};
-    Runs runs;
-    std::ranges::copy_if(chosen, std::back_inserter(runs),
-                         [wanted = machine](const PlannedRun* run) { return run->On() == wanted; });
-    // All files first: a launcher would inherit one that is just being written, and keep the solver
-    // in it from being started.
-    for (const PlannedRun* run : runs) run->LayOut();
-    ForEachSideBySide(runs, [](const PlannedRun& run) { run.CarryOut(); });
-    std::filesystem::remove(traceSwitch.Path());
+  /// A launcher that cannot be started is the failure of the test that looks at this run.
+  /// `underWay`: called when the launcher has asked the machine for all that it needs.
+  void CarryOut(const std::function<void()>& underWay) {
+    const RunPlan& plan = result_->plan;
+    LauncherStart start = {
+        .firstArgument = site_->Specific(plan.firstArgument),
+        .arguments = plan.arguments.value_or(std::vector<std::string>{kTokens, plan.solver}),
+        .environment = {{"QUORVEX_FAKE_SOLVER", site_->Specific(plan.script)}},
+        .currentFolder = site_->Specific(plan.currentFolder),
+    };
+    for (std::string& argument : start.arguments) argument = site_->Specific(argument);
+    std::optional<AskedCheck> check;
+    if (plan.isAsked) check.emplace(start, *site_);
+    const auto begin = std::chrono::steady_clock::now();
+    try {
+      LauncherProcess launcher(start);
+      if (plan.meanwhile) result_->complaint = plan.meanwhile(launcher, *site_);
+      launcher.WaitForOutput("\r4   ");  // the countdown, or the end
+      underWay();
+      result_->status = launcher.Wait();
+      result_->output = site_->Generic(launcher.Output());
+      result_->error = site_->Generic(launcher.Error());
+      if (check) {
+        result_->untruths = check->Untruths(launcher, result_->status, plan.meanwhile != nullptr);
+      }
+    } catch (const std::exception& reason) {
+      result_->complaint = reason.what();
+      underWay();
+    }
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
+    result_->seconds = passed.count();
+    result_->logs = site_->Logs();
+    site_.reset();
   }
-}
+
+ private:
+  RunResult* result_;
+  std::unique_ptr<Site> site_;
+};
+
+/// Runs that start side by side on one machine; their countdowns go on beside what comes next.
+class Batch {
+ public:
+  explicit Batch(std::vector<Run> runs)
+      : runs_(std::move(runs)), underWay_(static_cast<std::ptrdiff_t>(runs_.size())) {
+    for (std::size_t i = 0; i < std::min(kSideBySide, runs_.size()); ++i) {
+      threads_.emplace_back([this] {
+        for (std::size_t run = next_++; run < runs_.size(); run = next_++) {
+          runs_[run].CarryOut([this] { underWay_.count_down(); });
+        }
+      });
+    }
+    underWay_.wait();
+  }
+
+ private:
+  std::vector<Run> runs_;
+  std::latch underWay_;
+  std::atomic<std::size_t> next_ = 0;
+  std::vector<std::jthread> threads_;
+};
+
+/// The test as GoogleTest knows it.
+class Look : public testing::Test {
+ public:
+  explicit Look(std::function<void()> body) : body_(std::move(body)) {}
+  void TestBody() override { body_(); }
+
+ private:
+  std::function<void()> body_;
+};
 
 }  // namespace
 
-const RunResult* PlannedRun::operator->() const {
-  static std::once_flag once;
-  std::call_once(once, CarryOutChosenRuns);
-  EXPECT_EQ(whyNot_, "");
-  EXPECT_EQ(untruths_, "") << "the check said something else than the launcher did";
-  return &result_;
-}
-
-RunsOfTest::RunsOfTest(const char* test, Runs (*runs)()) { RunsByTest().emplace(test, runs); }
-
-void PlannedRun::LayOut() const {
-  site_ = std::make_unique<Site>();
-  site_->InstallSolver(plan_.solver);
-  // In files, because a distributed run's solvers do not get the launcher's environment.
-  std::map<std::string, std::string> scripts = plan_.scripts;
-  scripts.emplace("Qvx3DFlow", plan_.script);
-  scripts.emplace(plan_.solver.substr(0, plan_.solver.find('.')), plan_.script);
-  for (const auto& [solver, script] : scripts) {
-    site_->Write("Home\\Bin\\" + solver + ".script", site_->Specific(script));
+std::string MpiPath(Machine machine) {
+  switch (machine) {
+    case Machine::WithoutMpi:
+      return "";
+    case Machine::NoProcessManager:
+      return "C:\\NODE1\\mpi2\\";
+    case Machine::ScriptedMpi:
+      return "C:\\NODE1\\mpi3";
+    default:
+      return "C:\\NODE1\\mpi";
   }
-  site_->WriteCmx(plan_.cmx);
-  if (plan_.prepare) plan_.prepare(*site_);
 }
 
-void PlannedRun::CarryOut() const try {
-  const Site& site = *site_;
-  LauncherStart start = {
-      .firstArgument = site.Specific(plan_.firstArgument),
-      .arguments = plan_.arguments.value_or(std::vector<std::string>{kTokens, plan_.solver}),
-      .environment = plan_.environment,
-      .currentFolder = site.Specific(plan_.currentFolder),
+PlannedTests::PlannedTests() = default;
+PlannedTests::~PlannedTests() = default;
+
+void PlannedTests::Add(const std::string& suite, const std::string& name,
+                       std::vector<RunPlan> plans, std::function<void(const Results&)> check,
+                       std::source_location where) {
+  Test& test = tests_.emplace_back();
+  for (RunPlan& plan : plans) test.runs.push_back({.plan = std::move(plan)});
+  test.check = std::move(check);
+  const auto look = [this, &test] {
+    if (!std::exchange(carriedOut_, true)) CarryOutChosenRuns();
+    for (const RunResult& run : test.runs) {
+      EXPECT_EQ(run.untruths, "") << "the check said something else than the launcher did";
+    }
+    test.check(test.runs);
   };
-  for (std::string& argument : start.arguments) argument = site.Specific(argument);
-  start.environment.emplace("QUORVEX_FAKE_SOLVER", plan_.script);
-  for (auto& [name, value] : start.environment) value = site.Specific(value);
-
-  std::optional<AskedCheck> check;
-  if (plan_.isAsked) check.emplace(start, site);
-  const auto begin = std::chrono::steady_clock::now();
-  LauncherProcess launcher(start);
-  if (plan_.meanwhile) result_.complaint = plan_.meanwhile(launcher, site);
-  result_.status = launcher.Wait();
-  result_.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-  result_.output = site.Generic(launcher.Output());
-  result_.error = site.Generic(launcher.Error());
-  result_.logs = site.Logs();
-  if (check) untruths_ = check->Untruths(launcher, result_.status, plan_.meanwhile != nullptr);
-  site_.reset();
-  whyNot_.clear();
-} catch (const std::exception& reason) {
-  whyNot_ = reason.what();
+  test.info = testing::RegisterTest(suite.c_str(), name.c_str(), nullptr, nullptr,
+                                    where.file_name(), static_cast<int>(where.line()),
+                                    [look]() -> testing::Test* { return new Look(look); });
 }
 
-std::string ConsoleOf(const std::string& banner, const std::string& child,
-                      const std::string& reportedPath, int status) {
-  return banner + child + "\r\n>>> Return value of " + reportedPath + " = " +
-         std::to_string(status) + "\r\n";
+void PlannedTests::Add(const std::string& suite, const std::string& name, RunPlan plan,
+                       std::function<void(const RunResult&)> check, std::source_location where) {
+  Add(
+      suite, name, std::vector<RunPlan>{std::move(plan)},
+      [check = std::move(check)](const Results& runs) { check(runs.front()); }, where);
 }
 
-std::string LogOf(const std::string& commandLine, const std::string& child,
-                  const std::string& reportedPath, int status) {
-  return "Commandline=[" + commandLine + "]\r\n" + child + ">>> Return value of " + reportedPath +
-         " = " + std::to_string(status) + "\r\n";
-}
-
-std::string Filled(std::size_t total) {
-  std::string bytes;
-  while (bytes.size() < total) {
-    bytes += "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz\r\n";
+void PlannedTests::CarryOutChosenRuns() {
+  InstallImpiexec(MpiPath(Machine::Plain), "impiexec.exe");
+  InstallImpiexec(MpiPath(Machine::NoProcessManager), "impiexec.exe");
+  InstallImpiexec(MpiPath(Machine::ScriptedMpi), "QuorvexFakeSolver.exe");
+  std::ofstream(MpiPath(Machine::NoProcessManager) + "impiexec_no_smpd.txt");
+  const MpiInstallPathValue mpiPath;
+  const DebugTraceSwitchFile traceSwitch;
+  // All files first: a launcher would inherit one that is just being written, and keep the solver
+  // in it from being started.
+  std::map<Machine, std::vector<Run>> runs;
+  for (Test& test : tests_) {
+    if (!test.info->should_run()) continue;
+    for (RunResult& run : test.runs) runs[run.plan.machine].emplace_back(run);
   }
-  bytes.resize(total);
-  return bytes;
-}
-
-std::string FlowArguments(const std::string& parallel) {
-  return "-home \"<site>\\Home\" -project \"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" "
-         "-molding 1 -option 0 " +
-         parallel;
+  std::deque<Batch> batches;
+  for (auto& [machine, itsRuns] : runs) {
+    mpiPath.Set(MpiPath(machine));
+    if (machine == Machine::WithoutMpi) mpiPath.Remove();
+    if (machine == Machine::Traced) std::ofstream{traceSwitch.Path()};
+    batches.emplace_back(std::move(itsRuns));
+    std::filesystem::remove(traceSwitch.Path());
+  }
 }
 
 }  // namespace qvx::test

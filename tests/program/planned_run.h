@@ -1,14 +1,16 @@
 // Whole runs of the launcher, carried out side by side, because each one sleeps five seconds in its
-// countdown. RUN_TEST names the runs that a test looks at. The first look at one carries out those
-// of all the tests that the filter chose, and no other.
+// countdown. A test is added with the runs that it looks at. The first look at one carries out
+// those of all the tests that the filter chose, and no other.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <source_location>
 #include <string>
 #include <vector>
 
@@ -17,7 +19,7 @@
 
 namespace qvx::test {
 
-/// What a whole machine has, so that runs with different ones cannot be side by side.
+/// What a whole machine has, so that runs with different ones cannot start side by side.
 enum class Machine {
   Plain,
   Traced,            ///< the debug-trace switch file exists
@@ -26,6 +28,10 @@ enum class Machine {
   ScriptedMpi,       ///< impiexec.exe is the stand-in solver
 };
 
+/// Its MPI installation path, as the registry has it; empty for none.
+std::string MpiPath(Machine machine);
+
+constexpr const char* kTokens = "<site>\\Home*<site>\\Work\\Sample*Sample*3*01";
 constexpr const char* kSerialCmx =
     "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueLocalNoTask=1\r\n</TASKMANAGER>\r\n";
 constexpr const char* kSmpCmx =
@@ -36,6 +42,8 @@ constexpr const char* kDmpCmx =
     "ValueShareFolderName=<name>\\Work\r\nValueParallelWorkingFolder=<site>\\WORK\r\n"
     "ValueMachineSetting\r\n1=NODE1\t2\r\n2=NODE2\t1\r\n"
     "ValueMachineWeighting\r\n1=0.6\r\n2=0.4\r\n</REMOTE_MACHINES>\r\n";
+constexpr const char* kConformalCmx =
+    "<SOLID_COOL>\r\nFlag3DSolidCoolingChannel = 1\r\n</SOLID_COOL>\r\n";
 
 /// Each run is asked of the check first, and has to come out as that says. Texts may hold <site>,
 /// <share> and <name>, see Site.
@@ -49,80 +57,55 @@ struct RunPlan {
   std::string firstArgument = "L$1";
   /// Behind the first; by default tokens and solver.
   std::optional<std::vector<std::string>> arguments = std::nullopt;
-  std::map<std::string, std::string> environment = {};
   std::string currentFolder = {};
   /// Last touches before the start.
   std::function<void(const Site&)> prepare = {};
-  /// False for a run whose files can be read only once.
-  bool isAsked = true;
+  bool isAsked = true;  ///< of the check
   /// Runs beside the launcher; returns what went wrong, empty when nothing did.
   std::function<std::string(LauncherProcess&, const Site&)> meanwhile = {};
 };
 
 struct RunResult {
-  std::string output;  ///< with <site> and <share>
-  std::string error;
+  RunPlan plan = {};
+  std::string output = {};  ///< with <site> and <share>
+  std::string error = {};
   int status = 0;
   double seconds = 0;
-  std::map<std::string, std::string> logs;
-  std::string complaint;  ///< what `meanwhile` returned
+  std::map<std::string, std::string> logs = {};
+  std::string complaint = {};  ///< what `meanwhile` returned, or why there was no run
+  std::string untruths = {};   ///< of the check, a line each
 };
 
-class PlannedRun {
+using Results = std::vector<RunResult>;
+
+/// All tests of a program, with their runs.
+class PlannedTests {
  public:
-  explicit PlannedRun(RunPlan plan) : plan_(std::move(plan)) {}
-  PlannedRun(const PlannedRun&) = delete;
-  PlannedRun& operator=(const PlannedRun&) = delete;
+  PlannedTests();
+  ~PlannedTests();
+  PlannedTests(const PlannedTests&) = delete;
+  PlannedTests& operator=(const PlannedTests&) = delete;
 
-  /// Fails the test when the run was not carried out.
-  const RunResult* operator->() const;
+  /// `check` says what has to come of the runs.
+  void Add(const std::string& suite, const std::string& name, std::vector<RunPlan> plans,
+           std::function<void(const Results&)> check,
+           std::source_location where = std::source_location::current());
 
-  Machine On() const { return plan_.machine; }
+  void Add(const std::string& suite, const std::string& name, RunPlan plan,
+           std::function<void(const RunResult&)> check,
+           std::source_location where = std::source_location::current());
 
-  void LayOut() const;
-
-  /// A launcher that cannot be started is the failure of the tests that look at this run.
-  void CarryOut() const;
+  struct Test {
+    const testing::TestInfo* info = nullptr;
+    Results runs = {};
+    std::function<void(const Results&)> check = {};
+  };
 
  private:
-  RunPlan plan_;
-  mutable std::unique_ptr<Site> site_;
-  mutable RunResult result_;
-  mutable std::string untruths_;
-  mutable std::string whyNot_ = "the test does not name this run";
+  void CarryOutChosenRuns();
+
+  std::deque<Test> tests_;
+  bool carriedOut_ = false;
 };
-
-using Runs = std::vector<const PlannedRun*>;
-
-/// Which runs the test "Suite.Name" looks at, with all its parameters when it has some.
-class RunsOfTest {
- public:
-  RunsOfTest(const char* test, Runs (*runs)());
-};
-
-#define RUN_TEST(suite, name, ...)                                                                \
-  const qvx::test::RunsOfTest suite##_##name##_Runs(#suite "." #name,                             \
-                                                    [] { return qvx::test::Runs{__VA_ARGS__}; }); \
-  TEST(suite, name)
-
-constexpr const char* kTokens = "<site>\\Home*<site>\\Work\\Sample*Sample*3*01";
-
-/// The console of one launch whose child printed `child`.
-std::string ConsoleOf(const std::string& banner, const std::string& child,
-                      const std::string& reportedPath, int status);
-inline std::string SerialConsole(const std::string& child, const std::string& path, int status) {
-  return ConsoleOf("Launch serial computing\r\n", child, path, status);
-}
-
-/// The log of one launch whose child printed `child`.
-std::string LogOf(const std::string& commandLine, const std::string& child,
-                  const std::string& reportedPath, int status);
-
-/// What the stand-in solver's command `fill` writes.
-std::string Filled(std::size_t total);
-
-/// The argument string of the FLOW and PACK record.
-std::string FlowArguments(const std::string& parallel);
-constexpr const char* kSerialSettings = "-parallel 0 -processes 1";
 
 }  // namespace qvx::test

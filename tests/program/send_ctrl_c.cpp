@@ -6,7 +6,7 @@
 int main(int count, char** arguments) {
   if (count != 2) return 1;
   FreeConsole();
-  if (AttachConsole(std::strtoul(arguments[1], nullptr, 10)) == 0) return 1;
+  if (AttachConsole(std::strtoul(arguments[1], nullptr, 10)) == 0) return 1000 + GetLastError();
   SetConsoleCtrlHandler(nullptr, TRUE);
-  return GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0) != 0 ? 0 : 1;
+  return GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0) != 0 ? 0 : 2000 + GetLastError();
 }

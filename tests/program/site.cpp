@@ -1,10 +1,6 @@
 #include "tests/program/site.h"
 
-#include <atomic>
-#include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "tests/support/program_path.h"
 
@@ -15,36 +11,15 @@ const std::string kRoot = "C:\\NODE1\\";
 
 }  // namespace
 
-Site::Site() {
-  static std::atomic<int> count = 0;
-  const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-  name_ = "s" + std::to_string(now) + "n" + std::to_string(count++);
+Site::Site() : TemporaryFolder(kRoot) {
   Write("Home\\Bin\\QVXProject.ini",
-        "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=" + name_ + "\\Home\r\n");
+        "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=" + Name() + "\\Home\r\n");
   Write("Home\\acc.ini", "account\r\n");
   std::filesystem::create_directories(RunFolder());
   InstallSolver("Qvx3DFlow.exe");
 }
 
-Site::~Site() {
-  std::error_code ignored;
-  std::filesystem::remove_all(Path(), ignored);
-}
-
-std::string Site::Path(std::string_view relative) const {
-  return kRoot + name_ + (relative.empty() ? "" : "\\") + std::string(relative);
-}
-
-void Site::Write(std::string_view relative, std::string_view bytes) const {
-  const std::filesystem::path file = Path(relative);
-  std::filesystem::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << bytes;
-}
-
-std::string Site::Read(std::string_view relative) const {
-  std::ifstream file(Path(relative), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+std::string Site::Name() const { return Path().substr(kRoot.size()); }
 
 void Site::InstallSolver(const std::string& name) const {
   std::filesystem::copy_file(ProgramPath("samples\\QuorvexFakeSolver.exe"),
@@ -70,15 +45,16 @@ std::map<std::string, std::string> Site::Logs() const {
 }
 
 std::string Site::Generic(std::string text) const {
-  text = Replaced(std::move(text), "\\\\NODE1\\" + name_, "<share>");
+  text = Replaced(std::move(text), "\\\\NODE1\\" + Name(), "<share>");
   text = Replaced(std::move(text), Path(), "<site>");
-  return Replaced(std::move(text), name_, "<name>");
+  text = Replaced(std::move(text), "c:\\node1\\" + Name(), "<site>");  // the trace's lower case
+  return Replaced(std::move(text), Name(), "<name>");
 }
 
 std::string Site::Specific(std::string text) const {
-  text = Replaced(std::move(text), "<share>", "\\\\NODE1\\" + name_);
+  text = Replaced(std::move(text), "<share>", "\\\\NODE1\\" + Name());
   text = Replaced(std::move(text), "<site>", Path());
-  return Replaced(std::move(text), "<name>", name_);
+  return Replaced(std::move(text), "<name>", Name());
 }
 
 }  // namespace qvx::test

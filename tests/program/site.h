@@ -6,25 +6,17 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/temporary_folder.h"
 #include "tests/support/texts.h"
 
 namespace qvx::test {
 
-class Site {
+class Site : public TemporaryFolder {
  public:
   Site();
-  ~Site();
-  Site(const Site&) = delete;
-  Site& operator=(const Site&) = delete;
 
-  std::string Path(std::string_view relative = "") const;
-  std::string Home() const { return Path("Home"); }
-  std::string Project() const { return Path("Work\\Sample"); }
   std::string RunFolder() const { return Path("Work\\Sample\\Analysis\\Run01"); }
 
-  /// Writes `bytes` as they stand, creating missing folders.
-  void Write(std::string_view relative, std::string_view bytes) const;
-  std::string Read(std::string_view relative) const;
   /// Puts a copy of the stand-in solver into the home folder's Bin.
   void InstallSolver(const std::string& name) const;
   void WriteCmx(std::string_view text) const;
@@ -39,7 +31,7 @@ class Site {
   std::string Specific(std::string text) const;
 
  private:
-  std::string name_;
+  std::string Name() const;
 };
 
 }  // namespace qvx::test

@@ -5,22 +5,21 @@
 // Needs the one above.
 #include <psapi.h>
 
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
-#include "tests/program/planned_run.h"
+#include "tests/program/expected_run.h"
 #include "tests/soak/setting.h"
 #include "tests/support/process_runs.h"
+#include "tests/support/run_tests.h"
+#include "tests/support/texts.h"
 
 namespace qvx::test {
 namespace {
 
 constexpr int kRuns = 48;
-constexpr int kMostPolls = 6000;
 constexpr DWORD kPollMilliseconds = 10;
-constexpr double kHungSeconds = 60;
 const std::string kCtrlC = "Ctrl-C is captured.\r\n";
 
 /// Processes of programs below `folder`.
@@ -49,8 +48,8 @@ RunPlan CancelEarly(int milliseconds) {
   return {.cmx = Replaced(kSmpCmx, "ValueNoTask=2", "ValueNoTask=6"),
           .script = "await <site>\\never",
           .meanwhile = [milliseconds](LauncherProcess& launcher, const Site& site) -> std::string {
-            for (int i = 0; ProcessesFrom(site.Path()) == 0; ++i) {
-              if (i == kMostPolls) return "no process is created";
+            while (ProcessesFrom(site.Path()) == 0) {
+              if (!launcher.Runs()) return "no process is created";
               Sleep(kPollMilliseconds);
             }
             Sleep(static_cast<DWORD>(milliseconds));
@@ -60,28 +59,23 @@ RunPlan CancelEarly(int milliseconds) {
           }};
 }
 
-std::vector<std::unique_ptr<PlannedRun>> PlanAll() {
-  std::mt19937 random(Seed());
-  std::vector<std::unique_ptr<PlannedRun>> runs;
-  for (int i = 0; i < kRuns; ++i) {
-    runs.push_back(std::make_unique<PlannedRun>(CancelEarly(static_cast<int>(random() % 100))));
-  }
-  return runs;
-}
-
-const std::vector<std::unique_ptr<PlannedRun>> kStarts = PlanAll();
-
-TEST(EarlyCtrlC, EndsTheProcessLauncherWithAllThatItCreated) {
-  SCOPED_TRACE("seed " + std::to_string(Seed()));
-  for (const auto& run : kStarts) {
-    EXPECT_EQ((*run)->complaint, "");
-    EXPECT_LT((*run)->seconds, kHungSeconds);
-    EXPECT_EQ((*run)->output, ConsoleOf("Launch parallel computing\r\n", kCtrlC,
-                                        "C:\\NODE1\\mpi\\impiexec.exe", -9876) +
-                                  kCountdown);
-    EXPECT_EQ((*run)->status, -9876);
-  }
+void ExpectCancelled(const RunResult& run) {
+  ExpectRun(run, {.shown = kCtrlC, .status = -9876, .logged = ""});
 }
 
 }  // namespace
 }  // namespace qvx::test
+
+int main(int count, char** arguments) {
+  using namespace qvx::test;
+  std::mt19937 random(Seed());
+  std::vector<RunPlan> plans;
+  for (int i = 0; i < kRuns; ++i) plans.push_back(CancelEarly(static_cast<int>(random() % 100)));
+  PlannedTests tests;
+  tests.Add("EarlyCtrlC", "EndsTheProcessLauncherWithAllThatItCreated", std::move(plans),
+            [](const Results& runs) {
+              SCOPED_TRACE("seed " + std::to_string(Seed()));
+              for (const RunResult& run : runs) ExpectCancelled(run);
+            });
+  return RunTests(count, arguments);
+}

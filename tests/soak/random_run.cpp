@@ -6,7 +6,6 @@
 #include <random>
 #include <vector>
 
-#include "tests/plain/plain_run.h"
 #include "tests/program/under_launcher.h"
 
 namespace qvx::test {
@@ -81,26 +80,17 @@ class Generator {
 
     RandomRun run;
     constexpr int kStatuses[] = {0, 0, 1, -1, 255, 259, 70000, -9876};
-    run.status = kStatuses[Below(std::size(kStatuses))];
+    run.solver.status = kStatuses[Below(std::size(kStatuses))];
     run.plan.solver = family.solver;
     run.plan.cmx = CmxFile();
     PlanArguments(family, run.plan);
     const Output output = MakeOutput();
-    run.plan.script = Script(output, "own", run.status);
-    if (conformal_) run.plan.scripts = {{"Qvx3DFlow", Script(output, "flow", run.status)}};
+    run.solver.shown = output.shown;
+    run.solver.logged = output.logged;
+    run.plan.script = Script(output, "own", run.solver.status);
+    if (conformal_) run.plan.scripts = {{"Qvx3DFlow", Script(output, "flow", run.solver.status)}};
     run.plan.machine = Below(4) == 0 ? Machine::Traced : Machine::Plain;
-    Expect(output, run);
-    if (mode_ != 0) {
-      run.plan.meanwhile = [shown = shown_](LauncherProcess& launcher,
-                                            const Site& site) -> std::string {
-        std::string complaint;
-        for (std::size_t pass = 0; pass < shown.size(); ++pass) {
-          const bool isLast = pass + 1 == shown.size();
-          complaint += LetGoOnceShown(shown[pass], isLast ? "own" : "flow")(launcher, site);
-        }
-        return complaint;
-      };
-    }
+    if (mode_ != 0) LetGo(run.plan, output);
     return run;
   }
 
@@ -214,41 +204,19 @@ class Generator {
     }
   }
 
-  /// What the plain formulation says of the plan. Its texts hold <site> and the like too.
-  void Expect(const Output& output, RandomRun& run) {
-    std::vector<std::string> arguments = run.plan.arguments.value();
-    arguments.insert(arguments.begin(), run.plan.firstArgument);
-    const plain::Run expected =
-        plain::PlainRun(arguments, {.cmx = run.plan.cmx,
-                                    .parallelFolder = "<name>\\Home",
-                                    .mpiPath = "C:\\NODE1\\mpi",
-                                    .isTraced = run.plan.machine == Machine::Traced});
-    run.output = expected.console;
-    for (const plain::Pass& pass : expected.passes) {
-      // In a parallel run the solver's line begins with its quoted path.
-      const std::string solverLine = Shared(
-          pass.mode == 0 ? pass.commandLine : pass.commandLine.substr(pass.commandLine.find('"')));
-      const std::string printed = pass.mode == 0 ? solverLine + "\r\n" : ArgumentLines(solverLine);
-      shown_.push_back(printed + output.shown);
-      const std::string ending =
-          ">>> Return value of " + pass.reportedPath + " = " + std::to_string(run.status) + "\n";
-      run.output +=
-          pass.prepared + pass.launched + Replaced(printed, "\r\n", "\n") + kChild + "\n" + ending;
-      const std::string name = pass.logPath.substr(pass.logPath.rfind('\\') + 1) + "<time>.txt";
-      run.logs[Shared(name)] = Shared(pass.logHeading) + printed + output.logged +
-                               Shared(Replaced(ending, "\n", "\r\n"));
-    }
-    run.output = Shared(Replaced(run.output, "\n", "\r\n"));
-    run.output = Replaced(run.output, kChild, output.shown) + kCountdown;
+  /// Lets each pass end when the console shows all of it.
+  static void LetGo(RunPlan& plan, const Output& output) {
+    std::vector<std::string> shown = ShownArguments(plan);
+    for (std::string& text : shown) text += output.shown;
+    plan.meanwhile = [shown](LauncherProcess& launcher, const Site& site) -> std::string {
+      std::string complaint;
+      for (std::size_t pass = 0; pass < shown.size(); ++pass) {
+        const bool isLast = pass + 1 == shown.size();
+        complaint += LetGoOnceShown(shown[pass], isLast ? "own" : "flow")(launcher, site);
+      }
+      return complaint;
+    };
   }
-
-  /// <share> is the site on the machine \\NODE1.
-  static std::string Shared(const std::string& text) {
-    return Replaced(text, "\\\\NODE1\\<name>", "<share>");
-  }
-
-  /// Stands for the child's output.
-  static constexpr const char* kChild = "<child>";
 
   std::mt19937 random_;
   bool isInOrder_;
@@ -259,7 +227,6 @@ class Generator {
   int tasks_ = 0;
   std::vector<Node> nodes_;
   std::string shotProject_;
-  std::vector<std::string> shown_;  ///< by each pass's solver
 };
 
 }  // namespace

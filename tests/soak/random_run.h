@@ -2,18 +2,13 @@
 // seed and the run's number, so that one run can be replayed alone.
 #pragma once
 
-#include <map>
-#include <string>
-
-#include "tests/program/planned_run.h"
+#include "tests/program/expected_run.h"
 
 namespace qvx::test {
 
 struct RandomRun {
   RunPlan plan;
-  std::string output;
-  int status;
-  std::map<std::string, std::string> logs;
+  Solver solver;  ///< of every pass
 };
 
 /// In order: nothing in the settings is probably not meant.

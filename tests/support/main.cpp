@@ -1,45 +1,4 @@
-// The main program of tests that start processes under Wine. There a start now and then fails with
-// the system's error 1359, before the new process ran: that one start is repeated, once, said and
-// counted. The count is the program's last line.
-#include <gtest/gtest.h>
-#include <windows.h>
+// The main program of tests that add none by themselves.
+#include "tests/support/run_tests.h"
 
-#include <atomic>
-#include <cstdio>
-
-#include "tests/support/import_patch.h"
-
-extern "C" void* __imp_CreateProcessA;
-
-namespace {
-
-const auto kSystemCreateProcess = reinterpret_cast<decltype(&CreateProcessA)>(__imp_CreateProcessA);
-std::atomic<int> repeated = 0;
-
-BOOL WINAPI CreateProcessRepeatedly(const char* program, char* commandLine,
-                                    SECURITY_ATTRIBUTES* ofProcess, SECURITY_ATTRIBUTES* ofThread,
-                                    BOOL inherits, DWORD flags, void* environment,
-                                    const char* folder, STARTUPINFOA* startup,
-                                    PROCESS_INFORMATION* process) {
-  const auto create = [&] {
-    return kSystemCreateProcess(program, commandLine, ofProcess, ofThread, inherits, flags,
-                                environment, folder, startup, process);
-  };
-  const BOOL created = create();
-  if (created != 0 || GetLastError() != ERROR_INTERNAL_ERROR) return created;
-  ++repeated;
-  std::fprintf(stderr, "start repeated after error 1359: %s\n",
-               program != nullptr ? program : commandLine);
-  return create();
-}
-
-}  // namespace
-
-int main(int count, char** arguments) {
-  testing::InitGoogleTest(&count, arguments);
-  const qvx::test::ImportPatch patch(&__imp_CreateProcessA,
-                                     reinterpret_cast<void*>(CreateProcessRepeatedly));
-  const int status = RUN_ALL_TESTS();
-  std::printf("starts repeated: %d\n", repeated.load());
-  return status;
-}
+int main(int count, char** arguments) { return qvx::test::RunTests(count, arguments); }

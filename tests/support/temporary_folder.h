@@ -13,11 +13,12 @@ namespace qvx::test {
 
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
+  /// `parent`: by default the system's place for such folders.
+  explicit TemporaryFolder(
+      const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
     static std::atomic<int> count = 0;
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-    path_ = std::filesystem::temp_directory_path() /
-            ("qvx" + std::to_string(now) + "_" + std::to_string(count++));
+    path_ = parent / ("qvx" + std::to_string(now) + "_" + std::to_string(count++));
     std::filesystem::create_directories(path_);
   }
   ~TemporaryFolder() {

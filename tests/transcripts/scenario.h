@@ -46,6 +46,7 @@ struct Scenario {
   std::map<CallNumber, DWORD> shortWrites;          ///< how many bytes are taken
   /// A number that no command line gives, put into the launcher context at a call.
   std::map<CallNumber, std::uint32_t> solverClasses;
+  bool isAtConsole = false;   ///< standard output is one, no pipe
   std::string exhaustedFrom;  ///< no memory behind this function's first call
 };
 

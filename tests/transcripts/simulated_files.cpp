@@ -49,6 +49,10 @@ std::string FileRole(HANDLE file) {
   return Machine().RoleOf(file);
 }
 
+std::string Done(const Observation& observation) {
+  return observation.Fails() ? "FALSE, " + ErrorName(Machine().lastError) : "TRUE";
+}
+
 }  // namespace
 
 HANDLE WINAPI FindFirstFileA(LPCSTR pattern, LPWIN32_FIND_DATAA found) {
@@ -83,8 +87,8 @@ BOOL WINAPI FindNextFileA(HANDLE enumeration, LPWIN32_FIND_DATAA found) {
 BOOL WINAPI FindClose(HANDLE enumeration) {
   const Observation observation("FindClose");
   Record(std::string("FindClose(") + (enumeration == kEnumeration ? "enumeration" : "?") +
-         ") = TRUE");
-  return TRUE;
+         ") = " + Done(observation));
+  return !observation.Fails();
 }
 
 BOOL WINAPI DeleteFileA(LPCSTR path) {
@@ -129,12 +133,15 @@ HANDLE WINAPI CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATT
 
 HANDLE WINAPI GetStdHandle(DWORD which) {
   const Observation observation("GetStdHandle");
+  const HANDLE handle = observation.Fails()          ? INVALID_HANDLE_VALUE
+                        : which == STD_OUTPUT_HANDLE ? kStandardOutput
+                                                     : nullptr;
   Record("GetStdHandle(" +
          Choice(which, {{STD_OUTPUT_HANDLE, "STD_OUTPUT_HANDLE"},
                         {STD_ERROR_HANDLE, "STD_ERROR_HANDLE"},
                         {STD_INPUT_HANDLE, "STD_INPUT_HANDLE"}}) +
-         ") = " + (which == STD_OUTPUT_HANDLE ? "standard output" : "none"));
-  return which == STD_OUTPUT_HANDLE ? kStandardOutput : nullptr;
+         ") = " + FileRole(handle));
+  return handle;
 }
 
 BOOL WINAPI WriteFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written,
@@ -160,15 +167,18 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written,
 
 BOOL WINAPI FlushFileBuffers(HANDLE file) {
   const Observation observation("FlushFileBuffers");
-  Record("FlushFileBuffers(" + FileRole(file) + ") = TRUE");
-  return TRUE;
+  Record("FlushFileBuffers(" + FileRole(file) + ") = " + Done(observation));
+  return !observation.Fails();
 }
 
 DWORD WINAPI GetFileType(HANDLE file) {
   const Observation observation("GetFileType");
-  const DWORD type = file == kStandardOutput ? FILE_TYPE_PIPE : FILE_TYPE_DISK;
-  Record("GetFileType(" + FileRole(file) +
-         ") = " + (type == FILE_TYPE_PIPE ? "FILE_TYPE_PIPE" : "FILE_TYPE_DISK"));
+  const DWORD console = Machine().scenario.isAtConsole ? FILE_TYPE_CHAR : FILE_TYPE_PIPE;
+  const DWORD type = file == kStandardOutput ? console : FILE_TYPE_DISK;
+  Record("GetFileType(" + FileRole(file) + ") = " +
+         Choice(type, {{FILE_TYPE_CHAR, "FILE_TYPE_CHAR"},
+                       {FILE_TYPE_DISK, "FILE_TYPE_DISK"},
+                       {FILE_TYPE_PIPE, "FILE_TYPE_PIPE"}}));
   return type;
 }
 

@@ -131,15 +131,22 @@ LSTATUS WINAPI RegQueryValueExA(HKEY key, LPCSTR name, LPDWORD reserved, LPDWORD
 
 LSTATUS WINAPI RegCloseKey(HKEY key) {
   const Observation observation("RegCloseKey");
-  Record("RegCloseKey(" + KeyName(key) + ") = ERROR_SUCCESS");
-  return ERROR_SUCCESS;
+  const DWORD result = observation.Fails() ? Machine().lastError : ERROR_SUCCESS;
+  Record("RegCloseKey(" + KeyName(key) + ") = " + ErrorName(result));
+  return static_cast<LSTATUS>(result);
 }
 
 BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value) {
   const Observation observation("SetEnvironmentVariableA");
+  const std::string line =
+      "SetEnvironmentVariableA(" + Quoted(name) + ", " + QuotedOr(value, "none") + ") = ";
+  if (observation.Fails()) {
+    Record(line + "FALSE, " + ErrorName(Machine().lastError));
+    return FALSE;
+  }
   if (value != nullptr) Machine().environment[name] = value;
   if (value == nullptr) Machine().environment.erase(name);
-  Record("SetEnvironmentVariableA(" + Quoted(name) + ", " + QuotedOr(value, "none") + ") = TRUE");
+  Record(line + "TRUE");
   return TRUE;
 }
 

@@ -60,6 +60,31 @@ TEST(Transcript, OfCallsThatFailUnseen) {
   ExpectTranscript("calls-that-fail-unseen", scenario);
 }
 
+/// The rest of them. The console has taken fewer characters than bytes, and gets none again.
+TEST(Transcript, OfOtherCallsThatFailUnseen) {
+  Scenario scenario = SmpRun();
+  scenario.isAtConsole = true;
+  scenario.shortWrites = {{{"WriteFile", 2}, 3}};
+  scenario.children = {{.output = {"solved\r\n", "never read"}, .exitCode = 3}};
+  scenario.failures = {{{"RegCloseKey", 1}, ERROR_INVALID_HANDLE},
+                       {{"SetEnvironmentVariableA", 1}, ERROR_NOT_ENOUGH_MEMORY},
+                       {{"FindFirstFileA", 1}, ERROR_ACCESS_DENIED},
+                       {{"GetExitCodeProcess", 1}, ERROR_ACCESS_DENIED},
+                       {{"FlushFileBuffers", 1}, ERROR_INVALID_HANDLE},
+                       {{"ReadFile", 2}, ERROR_NO_SYSTEM_RESOURCES},
+                       {{"CloseHandle", 5}, ERROR_INVALID_HANDLE}};
+  scenario.events = {{{"WaitForSingleObject", 1}, {CTRL_C_EVENT}}};
+  ExpectTranscript("other-calls-that-fail-unseen", scenario);
+}
+
+TEST(Transcript, OfAConsoleThatIsNotThere) {
+  Scenario scenario = SerialRun();
+  scenario.oldLogs = {{kRunFolder + "\\console_redirect_serial_Flow_1.txt"}};
+  scenario.failures = {{{"GetStdHandle", 1}, ERROR_INVALID_HANDLE},
+                       {{"FindClose", 1}, ERROR_INVALID_HANDLE}};
+  ExpectTranscript("no-console", scenario);
+}
+
 TEST(Transcript, OfARefusedConsoleControlHandler) {
   Scenario scenario = SerialRun();
   scenario.failures = {{{"SetConsoleCtrlHandler", 1}, ERROR_INVALID_PARAMETER}};

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "execution/serial_launch.h"
 #include "launcher/process_wide_values.h"
 #include "support/bounded_text.h"
 #include "tests/support/program_path.h"
@@ -19,29 +20,13 @@ namespace fs = std::filesystem;
 
 }  // namespace
 
-void Await(const std::function<bool()>& condition) {
-  constexpr int kPollMilliseconds = 10;
-  constexpr int kMostPolls = 6000;
-  for (int i = 0; i < kMostPolls; ++i) {
-    if (condition()) return;
-    Sleep(kPollMilliseconds);
-  }
-  ADD_FAILURE() << "awaited in vain";
-}
-
-void Await(const std::string& path) {
-  Await([&] { return fs::exists(path); });
-}
-
 std::string ReturnValue(const std::string& path, int value) {
   return ">>> Return value of " + path + " = " + std::to_string(value) + "\r\n";
 }
 
 LaunchTest::LaunchTest() {
   Install("QuorvexFakeSolver.exe", solver);
-  Install("QuorvexFakeSolver.exe", impiexec);
   fs::create_directories(runFolder);
-  mpiInstallPath.Set(folder.Path("MPI"));
   script.Set("exit 0");
   CopyText(context.homeFolder, "home folder", home);
   CopyText(context.solverExecutableName, "solver executable name", "Qvx3DFlow.exe");
@@ -55,52 +40,46 @@ LaunchTest::~LaunchTest() {
   childProcessIdentifier = 0;
 }
 
-Outcome LaunchTest::Run(int (*operation)(LauncherContext& context)) {
+Outcome LaunchTest::RunSerially() {
   int result = 0;
-  const Console console = ConsoleOf([&] { result = operation(context); });
+  const Console console = ConsoleOf([&] { result = LaunchSerial(context); });
   return {result, console};
 }
 
-void LaunchTest::ExpectOutcome(const Outcome& outcome, int result, const std::string& program,
-                               const std::string& shown, const std::string& logged) const {
+void LaunchTest::ExpectOutcome(const Outcome& outcome, int result, const std::string& shown,
+                               const std::string& logged) const {
   EXPECT_EQ(outcome.result, result);
   EXPECT_EQ(outcome.console.written, shown);
-  EXPECT_EQ(outcome.console.buffered, "\r\n" + ReturnValue(program, result));
-  EXPECT_EQ(Log(), logged + ReturnValue(program, result));
-}
-
-void LaunchTest::ExpectFailure(const Outcome& outcome, const std::string& banner,
-                               const std::string& commandLine) {
-  EXPECT_EQ(outcome.result, -1);
-  EXPECT_EQ(outcome.console.written,
-            banner + "CreateProcess [" + commandLine + "] failed. system error(2)\r\n");
-  EXPECT_EQ(outcome.console.buffered, "");
+  EXPECT_EQ(outcome.console.buffered, "\r\n" + ReturnValue(solver, result));
+  EXPECT_EQ(Log(), logged + ReturnValue(solver, result));
 }
 
 void LaunchTest::AwaitLogged(const std::string& text) const {
-  Await([&] {
+  const auto isLogged = [&] {
     try {
-      return std::ranges::any_of(NamesIn(logFolder), [&](const std::string& name) {
+      return std::ranges::any_of(NamesIn(runFolder), [&](const std::string& name) {
         return name.starts_with("console_redirect_") && Bytes(name).ends_with(text);
       });
     } catch (const fs::filesystem_error&) {
       return false;  // Wine now and then refuses to list a folder that is just being changed.
     }
-  });
+  };
+  constexpr DWORD kPollMilliseconds = 10;
+  while (!isLogged()) Sleep(kPollMilliseconds);
 }
 
 std::string LaunchTest::Bytes(const std::string& name) const {
-  std::ifstream file(fs::path(logFolder) / name, std::ios::binary);
+  std::ifstream file(fs::path(runFolder) / name, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
 std::string LaunchTest::Log() const {
-  const Names names = NamesIn(logFolder);
+  const Names names = NamesIn(runFolder);
   if (names.size() != 1) {
-    ADD_FAILURE() << names.size() << " files in " << logFolder;
+    ADD_FAILURE() << names.size() << " files in " << runFolder;
     return "";
   }
-  EXPECT_EQ(WithoutTimestamps(names.front()), logName);
+  EXPECT_EQ(WithoutTimestamps(names.front()), "console_redirect_serial_Flow_<time>.txt");
   return Bytes(names.front());
 }
 

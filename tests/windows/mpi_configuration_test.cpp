@@ -1,12 +1,16 @@
-// The MPI installation path from the registry, the parallel folder name from the project-wide ini
-// file, and the conversion of the MPI accounts.
+// The MPI installation path in the real registry, the parallel folder name in a real ini file, the
+// user's configuration folder, and for whom the MPI accounts are converted.
 #include "execution/mpi_configuration.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "execution/mpi_accounts.h"
+#include "execution/mpi_launch.h"
 #include "launcher/argument_record.h"
 #include "support/bounded_text.h"
 #include "tests/support/expect_fault.h"
@@ -22,9 +26,7 @@ class MpiInstallationPath : public testing::Test {
   /// Starts from another path.
   std::string Read() {
     CopyText(context.mpiInstallationPath, "MPI installation path", "C:\\Earlier");
-    const char* const path = ReadMpiInstallationPath(context);
-    EXPECT_EQ(path, static_cast<const char*>(context.mpiInstallationPath));
-    return path;
+    return ReadMpiInstallationPath(context);
   }
 
   const test::MpiInstallPathValue value;
@@ -32,41 +34,27 @@ class MpiInstallationPath : public testing::Test {
 };
 
 TEST_F(MpiInstallationPath, IsTheRegistryValueLessOneTrailingBackslash) {
-  const struct {
-    const char* value;
-    const char* path;
-  } cases[] = {
-      {"C:\\MPI\\bin", "C:\\MPI\\bin"},
-      {"C:\\MPI\\bin\\", "C:\\MPI\\bin"},
-      {"C:\\MPI\\bin\\\\", "C:\\MPI\\bin\\"},
-      {"\\", ""},
-      {"", ""},
-  };
-  for (const auto& [text, path] : cases) {
-    value.Set(text);
-    EXPECT_EQ(Read(), path);
-  }
+  value.Set("C:\\MPI\\bin");
+  EXPECT_EQ(Read(), "C:\\MPI\\bin");
+  value.Set("C:\\MPI\\bin\\\\");
+  EXPECT_EQ(Read(), "C:\\MPI\\bin\\");
+  value.Set("");
+  EXPECT_EQ(Read(), "");
 }
 
-TEST_F(MpiInstallationPath, IsEmptyWithoutAMessageWhenTheValueOrItsKeyIsMissing) {
+TEST_F(MpiInstallationPath, IsEmptyWhenTheValueOrItsKeyIsMissing) {
   value.Remove();
-  EXPECT_EQ(test::ConsoleOf([this] { EXPECT_EQ(Read(), ""); }).All(), "");
+  EXPECT_EQ(Read(), "");
   value.RemoveKey();
-  EXPECT_EQ(test::ConsoleOf([this] { EXPECT_EQ(Read(), ""); }).All(), "");
+  EXPECT_EQ(Read(), "");
 }
 
-TEST_F(MpiInstallationPath, TakesAValueOfUpTo260Bytes) {
+TEST_F(MpiInstallationPath, TakesUpTo259CharactersWithOrWithoutATerminatingZero) {
   const std::string longest(259, 'm');
   value.Set(longest);
   EXPECT_EQ(Read(), longest);
   value.Set(longest + "m");
   EXPECT_EQ(Read(), "");
-}
-
-TEST_F(MpiInstallationPath, NeedsNoTerminatingZeroInTheRegistry) {
-  value.SetUnterminated("C:\\MPI");
-  EXPECT_EQ(Read(), "C:\\MPI");
-  const std::string longest(259, 'm');
   value.SetUnterminated(longest);
   EXPECT_EQ(Read(), longest);
   value.SetUnterminated(longest + "m");
@@ -74,121 +62,73 @@ TEST_F(MpiInstallationPath, NeedsNoTerminatingZeroInTheRegistry) {
                "ERROR: MPI installation path is too long: width 260, length 260");
 }
 
+TEST_F(MpiInstallationPath, MayMakeAPathOfImpiexecTooLong) {
+  const std::string longest(259 - std::string("\\impiexec.exe").size(), 'm');
+  value.Set(longest);
+  EXPECT_EQ(PrepareMpiCommand(context, MpiProcesses{"", ""}).reportedPath,
+            longest + "\\impiexec.exe");
+  value.Set(longest + "m");
+  EXPECT_FAULT(PrepareMpiCommand(context, MpiProcesses{"", ""}),
+               "ERROR: impiexec.exe path is too long: width 260, length 260");
+}
+
+TEST(MpiCommand, CreatesTheUsersConfigurationFolder) {
+  const std::filesystem::path product =
+      std::filesystem::path(std::getenv("APPDATA")) / "NelvornSystem";
+  std::error_code ignored;
+  std::filesystem::remove(product / "Quorvex R13.0", ignored);
+  std::filesystem::remove(product, ignored);
+  const test::EnvironmentVariable versionCheck("I_MPI_SMPD_VERSION_CHECK");
+  LauncherContext context;
+  PrepareMpiCommand(context, {"-n 4", "C:\\Q"});
+  EXPECT_TRUE(std::filesystem::is_directory(product / "Quorvex R13.0"));
+}
+
 class ParallelFolderName : public testing::Test {
  protected:
-  ParallelFolderName() { CopyText(context.homeFolder, "home folder", folder.Path()); }
-
   /// Starts from another name.
-  std::string Read() {
-    CopyText(context.parallelFolderName, "parallel folder name", "Earlier");
-    EXPECT_EQ(test::ConsoleOf([this] { EXPECT_EQ(ReadParallelFolderName(context), 0); }).All(), "");
-    return context.parallelFolderName;
-  }
-
   std::string ReadFrom(const std::string& ini) {
     // A file of its own for every content: the system may keep the last one in memory.
     const std::string home = std::to_string(++count_);
-    folder.Write(home + "\\Bin\\QVXProject.ini", ini);
-    CopyText(context.homeFolder, "home folder", folder.Path(home));
-    return Read();
+    folder_.Write(home + "\\Bin\\QVXProject.ini", ini);
+    CopyText(context_.homeFolder, "home folder", folder_.Path(home));
+    CopyText(context_.parallelFolderName, "parallel folder name", "Earlier");
+    EXPECT_EQ(ReadParallelFolderName(context_), 0);
+    return context_.parallelFolderName;
   }
 
-  const test::TemporaryFolder folder;
-  LauncherContext context;
-
  private:
+  const test::TemporaryFolder folder_;
+  LauncherContext context_;
   int count_ = 0;
 };
 
-TEST_F(ParallelFolderName, IsTheProjectIniFilesValue) {
+TEST_F(ParallelFolderName, IsTheProjectIniFilesValueUpTo259Characters) {
   EXPECT_EQ(ReadFrom("[Other]\r\nQVX_PARALLEL_FOLDER_NAME=Wrong\r\n"
                      "[Configuration]\r\nOther=1\r\nQVX_PARALLEL_FOLDER_NAME=Quorvex Share\r\n"),
             "Quorvex Share");
-}
-
-TEST_F(ParallelFolderName, IsEmptyWithoutFileSectionOrKey) {
-  EXPECT_EQ(Read(), "");
-  EXPECT_EQ(ReadFrom("[Other]\r\nQVX_PARALLEL_FOLDER_NAME=Wrong\r\n"), "");
   EXPECT_EQ(ReadFrom("[Configuration]\r\nOther=1\r\n"), "");
-  EXPECT_EQ(ReadFrom(""), "");
-}
-
-TEST_F(ParallelFolderName, IsCutTo259Characters) {
   EXPECT_EQ(ReadFrom("[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=" + std::string(300, 'q')),
             std::string(259, 'q'));
 }
 
-TEST_F(ParallelFolderName, RefusesAFilePathOf260Characters) {
-  const std::string longest(259 - std::string("\\Bin\\QVXProject.ini").size(), 'h');
-  CopyText(context.homeFolder, "home folder", longest);
-  EXPECT_EQ(Read(), "");
-  CopyText(context.homeFolder, "home folder", longest + "h");
-  EXPECT_FAULT(ReadParallelFolderName(context),
-               "ERROR: project ini file is too long: width 260, length 260");
-}
-
-class MpiAccounts : public testing::Test {
- protected:
-  /// Converts with the home folder in the record of the solver class. Returns what is printed and
-  /// flushed.
-  std::string Convert(SolverClass solverClass, const std::string& home, int result) {
-    context.solverClass = solverClass;
-    VisitArgumentRecord(context, [&](QVXRunTexts& record) {
-      CopyText(record.homeFolder, "home folder of a record", home);
-    });
-    return test::ConsoleOf([&] { EXPECT_EQ(ConvertMpiAccounts(context), result); }).written;
-  }
-
+/// The classes that can be distributed have a home folder, which the accounts are read from; for
+/// others, which no command line can bring here, an empty one is given.
+TEST(MpiAccounts, AreReadFromTheHomeFolderOfTheRunsRecord) {
   const test::TemporaryFolder folder;
-  const std::string home = folder.Path();
-  const std::string complaint = "Error: Please check if acc.ini is properly configured!\r\n";
-  LauncherContext context;
-};
-
-TEST_F(MpiAccounts, AreReadFromTheHomeFolderOfTheRunsRecord) {
-  folder.Write("acc.ini", "user=x\n");
-  for (std::uint32_t solverClass = 0; solverClass <= 4; ++solverClass) {
-    context.flowArgument.Reset();
-    context.coolArgument.Reset();
-    context.warpArgument.Reset();
-    EXPECT_EQ(Convert(SolverClass{solverClass}, home, 0), "");
-    EXPECT_EQ(context.configurationAbortFlag, 0) << solverClass;
+  for (std::uint32_t solverClass = 0; solverClass <= 13; ++solverClass) {
+    LauncherContext context;
+    context.debugTraceFlag = 1;
+    context.solverClass = SolverClass{solverClass};
+    VisitArgumentRecord(context, [&](QVXRunTexts& record) {
+      CopyText(record.homeFolder, "home folder of a record", folder.Path());
+    });
+    const std::string home = solverClass <= 4 ? folder.Path() : "";
+    EXPECT_EQ(test::ConsoleOf([&] { EXPECT_EQ(ConvertMpiAccounts(context), -6); }).written,
+              "ConvertAcc2RegistryForIntelMPI(" + home +
+                  ")\r\nError: Please check if acc.ini is properly configured!\r\n");
+    EXPECT_EQ(context.configurationAbortFlag, 1);
   }
-}
-
-TEST_F(MpiAccounts, AbortTheRunWhenTheFileIsMissingOrEmpty) {
-  EXPECT_EQ(Convert(SolverClass::Flow, home, -6), complaint);
-  EXPECT_EQ(context.configurationAbortFlag, 1);
-  context.configurationAbortFlag = 0;
-  folder.Write("acc.ini", "");
-  EXPECT_EQ(Convert(SolverClass::Warp, home, -6), complaint);
-  EXPECT_EQ(context.configurationAbortFlag, 1);
-}
-
-TEST_F(MpiAccounts, AreTracedWithTheirFolderBeforeTheComplaint) {
-  context.debugTraceFlag = 1;
-  const std::string trace = "ConvertAcc2RegistryForIntelMPI(" + home + ")\r\n";
-  EXPECT_EQ(Convert(SolverClass::Cool, home, -6), trace + complaint);
-  folder.Write("acc.ini", "user=x\n");
-  EXPECT_EQ(Convert(SolverClass::Cool, home, 0), trace);
-}
-
-TEST_F(MpiAccounts, AreAskedForAnEmptyFolderForOtherClasses) {
-  folder.Write("acc.ini", "user=x\n");
-  folder.Write("elsewhere\\empty", "");
-  context.debugTraceFlag = 1;
-  for (const SolverClass solverClass :
-       {SolverClass::ShellFlow, SolverClass::ShellCool, SolverClass::Optics, SolverClass{13}}) {
-    const test::CurrentFolder currentFolder(folder.Path("elsewhere"));
-    EXPECT_EQ(Convert(solverClass, home, -6), "ConvertAcc2RegistryForIntelMPI()\r\n" + complaint);
-  }
-}
-
-TEST_F(MpiAccounts, RefuseAHomeFolderOf260Characters) {
-  const std::string longest(259, 'h');
-  EXPECT_EQ(Convert(SolverClass::Flow, longest, -6), complaint);
-  EXPECT_FAULT(Convert(SolverClass::Flow, longest + "h", -6),
-               "ERROR: home folder is too long: width 260, length 260");
 }
 
 }  // namespace
