@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <ranges>
 
 #include "support/numbers.h"
 
@@ -125,10 +124,11 @@ SectionReading ReadLines(const CmxLines& lines, const CmxSection& section) {
 }
 
 const SettingLine* SectionReading::Find(std::string_view key) const {
-  for (const SettingLine& setting : std::views::reverse(settings)) {
-    if (setting.role == LineRole::Setting && setting.key == key) return &setting;
-  }
-  return nullptr;
+  const auto last =
+      std::find_if(settings.rbegin(), settings.rend(), [&](const SettingLine& setting) {
+        return setting.role == LineRole::Setting && setting.key == key;
+      });
+  return last == settings.rend() ? nullptr : &*last;
 }
 
 std::string SectionReading::ValueOf(std::string_view key) const {

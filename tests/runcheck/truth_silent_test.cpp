@@ -1,0 +1,65 @@
+// Five hundred machines whose names nobody answers for, and how long the check takes over them.
+#include <gtest/gtest.h>
+#include <winsock2.h>
+#include <ws2tcpip.h>
+
+#include <chrono>
+#include <string>
+
+#include "runcheck/check.h"
+#include "tests/program/site.h"
+#include "tests/runcheck/truth_answer.h"
+#include "tests/support/import_patch.h"
+
+extern "C" void* __imp_getaddrinfo;
+
+namespace qvx::test {
+namespace {
+
+constexpr int kMachines = 500;
+HANDLE letGo = nullptr;
+
+INT WSAAPI AnswerNever(const char* /*name*/, const char* /*service*/, const addrinfo* /*hints*/,
+                       addrinfo** /*found*/) {
+  WaitForSingleObject(letGo, INFINITE);
+  return EAI_NONAME;
+}
+
+TEST(SilentMachines, TakeNoLongerThanThreeTimeouts) {
+  const Site site;
+  std::string cmx =
+      "<TASKMANAGER>\nIDTaskMode=1\n</TASKMANAGER>\n<REMOTE_MACHINES>\nValueLocalHost=NODE1\n"
+      "ValueShareFolderName=<name>\\Work\nValueParallelWorkingFolder=<site>\\Work\n"
+      "ValueNoMachine=" +
+      std::to_string(kMachines) + "\nValueMachineSetting\n";
+  for (int i = 0; i < kMachines; ++i) cmx += "x=silent" + std::to_string(i) + "\t1\n";
+  site.WriteCmx(cmx + "</REMOTE_MACHINES>\n");
+
+  letGo = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+  const ImportPatch patch(&__imp_getaddrinfo, reinterpret_cast<void*>(AnswerNever));
+  runcheck::CheckOptions options;
+  options.timeout = std::chrono::seconds(2);
+  const auto start = std::chrono::steady_clock::now();
+  const runcheck::Check check = runcheck::CheckRun(
+      {"L$1", site.Specific("<site>\\Home*<site>\\Work\\Sample*Sample*3*01"), "Qvx3DFlow.exe"},
+      options);
+  const auto taken = std::chrono::steady_clock::now() - start;
+  SetEvent(letGo);
+
+  EXPECT_GE(taken, options.timeout);
+  EXPECT_LE(taken, 3 * options.timeout);
+  EXPECT_TRUE(check.leavesThreads);
+  ASSERT_EQ(check.report.machines.size(), std::size_t{kMachines});
+  for (const runcheck::MachineReport& machine : check.report.machines) {
+    ASSERT_EQ(machine.name, "silent") << machine.host;
+  }
+  std::string silent;
+  for (const runcheck::Diagnostic& diagnostic : check.report.diagnostics) {
+    if (diagnostic.code == "host-silent") silent += diagnostic.summary + "\n";
+  }
+  // With the storage node.
+  EXPECT_EQ(silent, "501 names were not answered for in time, silent0 among them\n");
+}
+
+}  // namespace
+}  // namespace qvx::test
