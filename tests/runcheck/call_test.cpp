@@ -139,11 +139,13 @@ TEST_F(RunCheckCall, ThePathsComeLast) {
       "    help: the order is home folder, project directory, project name, option, run number\n"
       "warning: the run number is <site>\\Work\\Sample, no number [run-number]\n"
       "    help: the run number stands as in the run folder's name\n"
-      "error: run number is too long: width 32, length 44: the launcher would end with -2 "
-      "[text-too-long]\n"
-      "    help: it is shortened to less than the width\n"
-      "\n"
-      "2 errors, 1 warning: this run would not start.\n");
+      "error: run number is too long: width 32, length " +
+          std::to_string(site.Project().size()) +
+          ": the launcher would end with -2 "
+          "[text-too-long]\n"
+          "    help: it is shortened to less than the width\n"
+          "\n"
+          "2 errors, 1 warning: this run would not start.\n");
   EXPECT_EQ(status, 1);
 }
 
