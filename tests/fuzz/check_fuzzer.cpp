@@ -137,7 +137,7 @@ void RunInput(std::string_view input) {
   runcheck::CheckCommandLines(prediction, report.diagnostics);
   runcheck::SortByPlace(report.diagnostics);
   report.passes = std::move(prediction.passes);
-  for (const std::size_t width : {0, 1, 80}) {
+  for (const std::size_t width : {0U, 1U, 80U}) {
     runcheck::TextStyle style;
     style.width = width;
     runcheck::TextReport(report, style);
