@@ -18,18 +18,30 @@ bool IsInteger(std::string_view text) {
   return IsPlainNumber(text);
 }
 
+std::ptrdiff_t Stars(std::string_view text) { return std::ranges::count(text, '*'); }
+
+bool LooksLikePath(std::string_view text) {
+  return text.find('\\') != std::string_view::npos || text.find(':') != std::string_view::npos ||
+         text.find('/') != std::string_view::npos;
+}
+
+/// True for the shell form without a second argument of its own: the name alone stands there.
+bool IsShortShellForm(const CallFacts& facts) {
+  return facts.isShell && Stars(facts.arguments[0]) >= 4 && Stars(facts.solver) == 0 &&
+         !LooksLikePath(facts.solver);
+}
+
 /// True when the arguments were one text that a blank cut.
 bool IsCutByBlank(const CallFacts& facts) {
   if (facts.arguments.size() <= 3) return false;
   std::string joined = facts.arguments[1];
   for (std::size_t i = 2; i + 1 < facts.arguments.size(); ++i) joined += " " + facts.arguments[i];
-  const auto stars = [](std::string_view text) { return std::ranges::count(text, '*'); };
-  return stars(facts.arguments[1]) < 4 && stars(joined) >= 4;
+  return Stars(facts.arguments[1]) < 4 && Stars(joined) >= 4;
 }
 
 void CheckArgumentCount(const CallFacts& facts, Diagnostics& found) {
   const std::size_t count = facts.arguments.size();
-  if (count == 2) {
+  if (count == 2 && !IsShortShellForm(facts)) {
     found.push_back(Diagnostic("call-solver", "the call names no solver"));
   } else if (count > 3) {
     found.push_back(
@@ -76,14 +88,13 @@ void CheckMoldingType(const CallFacts& facts, Diagnostics& found) {
 
 /// The tokens stand where this family does not read them. True when nothing else can be said.
 bool CheckForm(const CallFacts& facts, Diagnostics& found) {
-  const auto stars = [](std::string_view text) { return std::ranges::count(text, '*'); };
   const std::string family = TextsOf(facts.family).name;
-  if (facts.isShell && stars(facts.arguments[0]) < 4 && stars(facts.arguments[1]) >= 4) {
+  if (facts.isShell && Stars(facts.arguments[0]) < 4 && Stars(facts.arguments[1]) >= 4) {
     found.push_back(Diagnostic("call-form", facts.solver + " is a shell solver (" + family +
                                                 ") and its tokens stand in the second argument"));
     return true;
   }
-  if (!facts.isShell && stars(facts.arguments[0]) >= 4 && stars(facts.arguments[1]) < 4) {
+  if (!facts.isShell && Stars(facts.arguments[0]) >= 4 && Stars(facts.arguments[1]) < 4) {
     found.push_back(Diagnostic("call-form", facts.solver + " is no shell solver (" + family +
                                                 ") and its tokens stand in the first argument"));
     return true;
@@ -107,20 +118,22 @@ bool CheckSeparator(const CallFacts& facts, Diagnostics& found) {
   return false;
 }
 
-bool LooksLikePath(std::string_view text) {
-  return text.find('\\') != std::string_view::npos || text.find(':') != std::string_view::npos ||
-         text.find('/') != std::string_view::npos;
-}
-
 /// True when the tokens can be taken for what they are.
 bool CheckTokenCount(const CallFacts& facts, Diagnostics& found) {
   const std::size_t count = facts.tokens.size();
+  if (facts.hasEmptyToken && count == kTokenCount) {
+    found.push_back(Diagnostic("call-empty-token", "the token list holds an empty token")
+                        .Because("the launcher would skip it")
+                        .Help("one * stands between two tokens"));
+    return true;
+  }
   if (facts.hasEmptyToken) {
     std::string right(facts.tokenSource);
     for (std::size_t at = 0; (at = right.find("**", at)) != std::string::npos; ++at) {
       right.insert(at + 1, "0");
     }
     found.push_back(Diagnostic("call-empty-token", "the token list holds an empty token")
+                        .Grave()
                         .Suggest(right, "a token that is not needed is written 0"));
     return false;
   }
@@ -170,7 +183,9 @@ bool CheckTokenOrder(const CallFacts& facts, Diagnostics& found) {
   return false;
 }
 
-void CheckBlanks(const CallFacts& facts, Diagnostics& found) {
+/// True when there are none.
+bool CheckBlanks(const CallFacts& facts, Diagnostics& found) {
+  const std::size_t before = found.size();
   const auto check = [&](const std::string& what, const std::string& text) {
     const std::string clean(TrimmedOfInvisible(text));
     if (clean == text || clean.empty()) return;
@@ -182,6 +197,7 @@ void CheckBlanks(const CallFacts& facts, Diagnostics& found) {
     if (i != kOption) check(kTokenNames[i], facts.tokens[i]);
   }
   if (facts.arguments.size() > 2) check("solver", facts.solver);
+  return found.size() == before;
 }
 
 void CheckOption(const CallFacts& facts, Diagnostics& found) {
@@ -192,9 +208,10 @@ void CheckOption(const CallFacts& facts, Diagnostics& found) {
                       .Because("the launcher would read it as " + number));
 }
 
-void CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
+/// True when the run folder may bear it.
+bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
   const std::string run(TrimmedOfInvisible(facts.Token(kRun)));
-  if (run.empty() || IsInteger(run)) return;
+  if (run.empty() || IsInteger(run)) return true;
   Diagnostic diagnostic("run-number", "the run number is " + run + ", no number");
   if (facts.isShell) {
     diagnostic.Grave().Because("the launcher would take the folder Run" +
@@ -206,6 +223,7 @@ void CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
         .Suggest(run.substr(3), "the run number is written " + run.substr(3));
   }
   found.push_back(diagnostic);
+  return diagnostic.severity != kError;
 }
 
 /// "ic" as a word of its own: Ic.exe, QvxIC.exe, Qvx-IC-2.exe.
@@ -263,18 +281,25 @@ bool CheckCall(const CallFacts& facts, Diagnostics& found) {
                                "a blank cuts the token list behind " + facts.arguments[1]));
     return false;
   }
+  if (facts.arguments.size() == 3 && Stars(facts.arguments[1]) == 0 &&
+      Stars(facts.arguments[2]) >= 3) {
+    found.push_back(Diagnostic("call-token-order", "the solver stands before the token list")
+                        .Because("the launcher would take the one for the other")
+                        .Help("a call is FIRST_ARGUMENT TOKENS SOLVER"));
+    return false;
+  }
   const bool hasMarks = CheckQuotationMarks(facts, found);
   CheckMoldingType(facts, found);
   CheckArgumentCount(facts, found);
-  if (facts.arguments.size() < 3) return false;
+  if (facts.arguments.size() < 3 && !IsShortShellForm(facts)) return false;
   CheckSolverName(facts, found);
-  CheckBlanks(facts, found);
+  const bool hasNoBlanks = CheckBlanks(facts, found);
   if (CheckForm(facts, found) || CheckSeparator(facts, found)) return false;
   if (!CheckTokenCount(facts, found)) return false;
   const bool isOrdered = CheckTokenOrder(facts, found);
   CheckOption(facts, found);
-  CheckRunNumber(facts, found);
-  return isOrdered && !hasMarks;
+  const bool hasRunNumber = CheckRunNumber(facts, found);
+  return isOrdered && !hasMarks && hasNoBlanks && hasRunNumber;
 }
 
 }  // namespace qvx::runcheck

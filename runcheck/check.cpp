@@ -39,9 +39,9 @@ class RunCheck {
     Diagnostics& found = check_.report.diagnostics;
     found = CheckCmxFile(facts);
     const bool tokensAreMeant = CheckCall(call_, found);
-    CheckFault(facts, found);
+    const bool isTooLong = CheckFault(facts, found);
     found.insert(found.end(), libraries.begin(), libraries.end());
-    if (tokensAreMeant) CheckRunPlaces(call_, places, facts.File(), found);
+    if (tokensAreMeant && !isTooLong) CheckRunPlaces(call_, places, facts.File(), found);
     if (machinesMatter) CheckShares(facts, prediction_, found);
     CheckPrograms(prediction_, places, machinesMatter, found);
     CheckOldLogs(prediction_, found);
@@ -54,18 +54,19 @@ class RunCheck {
   }
 
  private:
-  /// What ends the launcher, unless a rule over the lines has told it with its place.
-  void CheckFault(const CmxFacts& facts, Diagnostics& found) const {
-    if (!prediction_.fault) return;
+  /// What ends the launcher, unless a rule over the lines has told it with its place. True for a
+  /// text of the call that is too long.
+  bool CheckFault(const CmxFacts& facts, Diagnostics& found) const {
+    if (!prediction_.fault) return false;
     const ThrownFault& fault = *prediction_.fault;
     const bool isTold = std::ranges::any_of(found, [&](const Diagnostic& diagnostic) {
       return diagnostic.code == "text-too-long" && diagnostic.summary == fault.message;
     });
-    if (isTold) return;
+    if (isTold) return false;
     switch (fault.kind) {
       case ThrownFault::Kind::TextTooLong:
         found.push_back(Diagnostic("text-too-long", fault.message));
-        break;
+        return true;
       case ThrownFault::Kind::CannotAllocate:
       case ThrownFault::Kind::OutOfMemory:
         found.push_back(CannotAllocate(facts, fault));
@@ -74,6 +75,7 @@ class RunCheck {
         found.push_back(Diagnostic("library-failed", "a library of the suite throws an exception"));
         break;
     }
+    return false;
   }
 
   static Diagnostic CannotAllocate(const CmxFacts& facts, const ThrownFault& fault) {

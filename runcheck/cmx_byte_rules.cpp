@@ -57,9 +57,12 @@ void CheckZeroBytes(const CmxFacts& facts, Diagnostics& found) {
     const std::size_t at = line.whole.find('\0');
     if (at == std::string_view::npos) continue;
     Diagnostic diagnostic("cmx-zero-byte", "the line holds a zero byte");
-    if (IsInASection(facts, line) || OpensASection(facts, line.whole.substr(at + 1))) {
+    const bool losesText =
+        line.whole.find_first_not_of(std::string_view("\0 \t\r", 4), at) != std::string_view::npos;
+    const bool isInside = IsInASection(facts, line);
+    if ((isInside && losesText) || OpensASection(facts, line.whole.substr(at + 1))) {
       diagnostic.Grave();
-    } else {
+    } else if (!isInside) {
       diagnostic.As(kNote);
     }
     const std::size_t column = line.column + at;

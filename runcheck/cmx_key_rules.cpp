@@ -163,8 +163,10 @@ class KeyRules {
   void CheckOutside() {
     for (const CmxLine& line : facts_.Lines()) {
       const bool isInside = std::ranges::any_of(facts_.Readings(), [&](const auto& reading) {
-        return std::ranges::any_of(
-            reading.settings, [&](const SettingLine& setting) { return setting.line == &line; });
+        return facts_.Matters(*reading.section) &&
+               std::ranges::any_of(reading.settings, [&](const SettingLine& setting) {
+                 return setting.line == &line;
+               });
       });
       const std::size_t equals = line.text.find('=');
       if (isInside || equals == std::string_view::npos || equals > 64) continue;

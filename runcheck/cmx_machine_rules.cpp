@@ -92,8 +92,11 @@ class MachineRules {
       Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind " + opener->key), *count);
       return false;
     }
-    if (!IsPlainNumber(Cleaned(count->value)) || Cleaned(count->value) != count->value) {
-      Add(Diagnostic("cmx-number", "ValueNoMachine: " + count->value + " is no plain number"),
+    if (!IsPlainNumber(count->value)) {
+      const std::string right = std::to_string(count_);
+      Add(Diagnostic("cmx-number", "ValueNoMachine is " + count->value + ", no plain number")
+              .Because("the launcher would read it as " + right)
+              .Suggest(right, "the value is written " + right),
           *count);
     }
     return true;
@@ -174,6 +177,7 @@ class MachineRules {
     for (const SettingLine* next = entries.back() + 1;
          next != reading_.settings.data() + reading_.settings.size(); ++next) {
       if (next->role != LineRole::Setting || !LooksLikeEntry(*next, role)) break;
+      if (next->line == entries.back()->line) break;  // the file's last line, handled twice
       if (!IsPlainNumber(next->key) && next->key != entries.back()->key &&
           next->value.find('\t') == std::string::npos) {
         break;
@@ -242,8 +246,12 @@ class MachineRules {
   void CheckTaskCount(const SettingLine& entry, const std::string& host, const std::string& tasks) {
     const std::string clean(TrimmedOfInvisible(tasks));
     if (IsPlainNumber(clean) && ParseInteger(clean.c_str()) > 0) return;
-    Add(Diagnostic("machine-tasks", host + " has " + (clean.empty() ? "no" : clean) + " tasks"),
-        entry);
+    Diagnostic diagnostic("machine-tasks",
+                          host + " has " + (clean.empty() ? "no" : clean) + " tasks");
+    if (ParseInteger(clean.c_str()) > 0) {
+      diagnostic.Because("the MPI process launcher would be given it as it stands");
+    }
+    Add(diagnostic, entry);
   }
 
   void CheckWeightings() {
@@ -251,7 +259,10 @@ class MachineRules {
     double sum = 0;
     for (const SettingLine* entry : entries) {
       if (!LooksLikeEntry(*entry, LineRole::Weighting)) return;
-      const std::string value = entry->value.substr(0, entry->value.find(' '));
+      std::string value = entry->value.substr(0, entry->value.find(' '));
+      // Tabs around a number do no harm.
+      value.erase(0, std::min(value.find_first_not_of('\t'), value.size()));
+      value.erase(value.find_last_not_of('\t') + 1);
       if (!CheckWeighting(*entry, value)) return;
       sum += ParseDecimal(value.c_str());
     }

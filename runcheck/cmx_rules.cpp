@@ -1,5 +1,7 @@
 #include "runcheck/cmx_rules.h"
 
+#include <algorithm>
+
 namespace qvx::runcheck {
 
 Diagnostics CheckCmxFile(const CmxFacts& facts) {
@@ -9,6 +11,12 @@ Diagnostics CheckCmxFile(const CmxFacts& facts) {
   if (facts.Readings().empty()) return found;
   CheckBytes(facts, found);
   if (!HasLines(facts.File().bytes)) return found;
+  // What seems to be missing stands behind it.
+  if (std::ranges::any_of(found, [](const Diagnostic& diagnostic) {
+        return diagnostic.code == "cmx-control-z" && diagnostic.severity == kError;
+      })) {
+    return found;
+  }
   CheckTags(facts, found);
   CheckKeys(facts, found);
   CheckValues(facts, found);

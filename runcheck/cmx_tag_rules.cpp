@@ -44,6 +44,8 @@ std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
 
 /// Misspelt letters make another section's tag, unless this section's own is missing.
 bool IsMeant(const NearTag& tag) {
+  // Where no section is open, the opening tag is what is wrong.
+  if (tag.closes && tag.reading->openings.empty()) return false;
   if (!tag.isMisspelt) return true;
   return tag.closes ? tag.reading->isOpen : tag.reading->openings.empty();
 }

@@ -20,7 +20,10 @@ class ValueRules {
  public:
   ValueRules(const CmxFacts& facts, const CmxKey& key, const SettingLine& setting,
              Diagnostics& found)
-      : facts_(facts), key_(key), setting_(setting), value_(setting.value), found_(found) {}
+      : facts_(facts), key_(key), setting_(setting), value_(setting.value), found_(found) {
+    // The reader of this section takes every space out.
+    if (IsCoolingFlag()) value_.erase(value_.find_last_not_of(' ') + 1);
+  }
 
   void Check() {
     if (!setting_.hasEquals) {
@@ -37,9 +40,7 @@ class ValueRules {
         if (!IsPositiveNumber()) AddNumber(", no plain number above 0");
         break;
       case KeyUse::Tasks:
-        if (ParseInteger(value_.c_str()) < 1 || !IsPlainNumber(value_)) {
-          Add(Diagnostic("task-count", Name() + " is " + Shown() + ", no number above 0"));
-        }
+        CheckTasks();
         break;
       case KeyUse::Flag:
         if (value_ != "0" && value_ != "1") AddNumber(", neither 0 nor 1");
@@ -56,6 +57,8 @@ class ValueRules {
   std::string Name() const { return std::string(key_.name); }
   std::string Shown() const { return value_.empty() ? "empty" : value_; }
 
+  bool IsCoolingFlag() const { return key_.name == "Flag3DSolidCoolingChannel"; }
+
   bool IsPositiveNumber() const { return IsPlainNumber(value_) && !value_.starts_with('0'); }
 
   /// True when the run turns out differently than `value_` was meant.
@@ -67,8 +70,7 @@ class ValueRules {
       case KeyUse::Folder:
         return true;
       case KeyUse::Flag:
-        return key_.name == "Flag3DSolidCoolingChannel" && ParseInteger(value_.c_str()) != 1 &&
-               Cleaned(value_) == "1";
+        return IsCoolingFlag() && ParseInteger(value_.c_str()) != 1 && Cleaned(value_) == "1";
       default:
         return false;
     }
@@ -91,6 +93,8 @@ class ValueRules {
     Diagnostic diagnostic("cmx-number", Name() + " is " + Shown() + what);
     const std::int32_t number = ParseInteger(value_.c_str());
     const std::string right = std::to_string(number);
+    diagnostic.Because(IsCoolingFlag() && number != 1 ? "the flow solver would not run first"
+                                                      : "the launcher would read it as " + right);
     if (key_.use == KeyUse::Flag) diagnostic.Help("the value is 0 or 1");
     if (number > 0 && right != value_) {
       diagnostic.Suggest(right, "the value is written " + right);
@@ -99,6 +103,18 @@ class ValueRules {
       diagnostic.Because("the launcher would not read 1 and run shared-memory parallel");
     }
     Add(diagnostic);
+  }
+
+  void CheckTasks() {
+    // A text or count too long for the launcher is told with what ends it.
+    if (value_.size() >= key_.width) return;
+    const std::int32_t number = ParseInteger(value_.c_str());
+    if (number < 1) {
+      Add(Diagnostic("task-count", Name() + " is " + Shown() + ", no number above 0"));
+    } else if (value_.find_first_not_of("0123456789") != std::string::npos) {
+      Add(Diagnostic("task-count", Name() + " is " + Shown() + ", no plain number")
+              .Because("the MPI process launcher would be given it as it stands"));
+    }
   }
 
   Diagnostic Wrong(Code code, const std::string& summary) const {
@@ -173,7 +189,7 @@ class ValueRules {
   const CmxFacts& facts_;
   const CmxKey& key_;
   const SettingLine& setting_;
-  const std::string& value_;
+  std::string value_;
   Diagnostics& found_;
 };
 

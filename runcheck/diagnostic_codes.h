@@ -41,7 +41,7 @@ inline constexpr CodeRow kCodes[] = {
     {"call-tokens", kError, kError, "the token list holds too few tokens, or more than are read",
      "the launcher would leave the fields empty and look in other folders",
      "the tokens are home folder, project directory, project name, option, run number"},
-    {"call-empty-token", kError, kError, "a token is empty",
+    {"call-empty-token", kWarning, kError, "a token is empty",
      "the launcher would skip it and take every later token for the one before",
      "a token that is not needed is written 0"},
     {"call-separator", kError, kError, "the tokens are separated by something other than *",

@@ -17,7 +17,9 @@ struct StatusMeaning {
 
 // The launcher's own. -7000 and -9876 are ends that it gives to its child.
 constexpr StatusMeaning kOwn[] = {
-    {0, "the run went well, or it was cancelled before the solver was started"},
+    {0,
+     "the run went well, or it was cancelled before the solver was started; in a distributed run "
+     "it does not prove that a solver ran"},
     {-1,
      "the launcher could not start the solver or impiexec.exe, was called with fewer than two "
      "arguments, or acc.ini cannot be used; a solver may have returned it too, and the "
@@ -27,8 +29,8 @@ constexpr StatusMeaning kOwn[] = {
      "memory, or a library that failed; the line on standard error says which, and a "
      "solver may have returned it too"},
     {-7000,
-     "impiexec.exe found no MPI process manager (smpd) and was ended; the service has to be "
-     "started on this machine"},
+     "impiexec.exe found no MPI process manager (smpd) and was ended; the launcher's message shows "
+     "the command that installs it on this machine"},
     {-9876, "the run was cancelled while the solver ran"},
     {259, "the solver returned 259, which the system also uses for a process that still runs"},
 };

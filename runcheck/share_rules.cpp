@@ -39,12 +39,22 @@ class ShareRules {
   /// What stands around a value is told where the value stands.
   static bool IsClean(const std::string& value) { return Cleaned(value) == value; }
 
+  static bool IsLoopback(std::string_view host) {
+    return AsciiLower(host) == "localhost" || host.starts_with("127.") || host == "::1";
+  }
+
   void CheckStorageNode() {
     const std::string node = settings_.ValueStorageNode;
     const bool isDefault = reading_.ValueOf("ValueStorageNode").empty();
     const std::string_view key = isDefault ? "ValueLocalHost" : "ValueStorageNode";
     if (node.empty()) {
       Add(Diagnostic("storage-node", "neither ValueStorageNode nor ValueLocalHost is set"), key);
+    } else if (IsLoopback(node) && settings_.machines.size() > 1) {
+      Add(Diagnostic("storage-node",
+                     std::string(key) + " is " + node + ", which each machine takes for itself")
+              .Because("the other machines would look for the shares at themselves")
+              .Help("it is this machine's name in the network"),
+          key);
     } else if (IsClean(node) && node.find_first_of("\\/ ") != std::string::npos) {
       const std::string name = node.substr(std::min(node.find_first_not_of("\\/"), node.size()));
       const std::string host = name.substr(0, name.find_first_of("\\/ "));
@@ -81,6 +91,9 @@ class ShareRules {
   void AddFolder(const std::string& summary, bool grave, const std::string& suggestion = {}) {
     Diagnostic diagnostic("working-folder", summary);
     diagnostic.Grave(grave);
+    if (!grave) {
+      diagnostic.Because("the launcher would cut the project directory behind the first place");
+    }
     if (!suggestion.empty()) {
       diagnostic.Suggest(suggestion, "the working folder is written " + suggestion);
     }

@@ -307,8 +307,8 @@ TEST_F(RunCheckReport, TheVersion) {
 
 TEST_F(RunCheckReport, TheLaunchersOwnStatus) {
   EXPECT_EQ(Answer({"--explain-status", "-7000"}),
-            "-7000: impiexec.exe found no MPI process manager (smpd) and was ended; the service "
-            "has to be started on this machine\n");
+            "-7000: impiexec.exe found no MPI process manager (smpd) and was ended; the "
+            "launcher's message shows the command that installs it on this machine\n");
   EXPECT_EQ(status, 0);
 }
 

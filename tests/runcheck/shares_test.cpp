@@ -15,6 +15,20 @@ TEST_F(RunCheckShares, ADistributedRunIsInOrder) {
   EXPECT_EQ(status, 0);
 }
 
+TEST_F(RunCheckShares, AStorageNodeThatEachMachineTakesForItself) {
+  std::string file = kDmpFile;
+  file.replace(file.find("ValueLocalHost=NODE1"), 20, "ValueLocalHost=localhost");
+  site.WriteCmx(file);
+  EXPECT_EQ(Findings(),
+            "Sample01.cmx:6:16: error: ValueLocalHost is localhost, which each machine takes for "
+            "itself: the other machines would look for the shares at themselves [storage-node]\n"
+            "    6 | ValueLocalHost=localhost\n"
+            "      |                ^~ help: it is this machine's name in the network\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(status, 1);
+}
+
 TEST_F(RunCheckShares, AMissingAccountFile) {
   site.WriteCmx(kDmpFile);
   site.Remove("Home\\acc.ini");
