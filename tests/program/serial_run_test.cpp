@@ -42,14 +42,23 @@ void AddSerialRuns(PlannedTests& tests) {
   tests.Add("SerialRun", "ReturnsTheExitCodeOfASolverThatClosedItsOutput", closed,
             [](const RunResult& run) { ExpectRun(run, {.shown = "x\r\n", .status = 7}); });
 
+  const RunPlan folder = {.script = "command-line;folder;flush", .currentFolder = "<site>\\Home"};
+  tests.Add("SerialRun", "StartsTheSolverInItsOwnFolder", folder,
+            [](const RunResult& run) { ExpectRun(run, {.shown = "<site>\\Home\r\n"}); });
+
+  // Arguments after the third count for nothing but the trace.
   const RunPlan wildcards = {
-      .script = "command-line;folder;flush",
-      .arguments = std::vector<std::string>{"<site>\\Home*<site>\\Work\\Sample*Sample*?*01",
-                                            "Qvx3DFlow.exe", "*", "*.ini"},
+      .machine = Machine::Traced,
+      .arguments = std::vector<std::string>{kTokens, "Qvx3DFlow.exe", "*", "B?n"},
       .currentFolder = "<site>\\Home",
   };
-  tests.Add("SerialRun", "LeavesWildcardsAloneAndStartsTheSolverInItsOwnFolder", wildcards,
-            [](const RunResult& run) { ExpectRun(run, {.shown = "<site>\\Home\r\n"}); });
+  tests.Add("SerialRun", "LeavesWildcardsOnItsCommandLineAlone", wildcards,
+            [](const RunResult& run) {
+              EXPECT_EQ(run.output.substr(0, run.output.find("$ symbol")),
+                        "argv[0]=[L$1]\r\nargv[1]=[" + std::string(kTokens) +
+                            "]\r\nargv[2]=[Qvx3DFlow.exe]\r\nargv[3]=[*]\r\nargv[4]=[B?n]\r\n\r\n");
+              EXPECT_EQ(run.status, 0);
+            });
 
   const RunPlan cooling = {.solver = "Qvx3DCool.exe",
                            .cmx = std::string(kSerialCmx) + kConformalCmx,

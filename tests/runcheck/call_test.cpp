@@ -195,7 +195,7 @@ TEST_F(RunCheckCall, ThePathsComeLast) {
       "warning: the run number is <site>\\Work\\Sample, no number [run-number]\n"
       "    help: the run number stands as in the run folder's name\n"
       "error: run number is too long: width 32, length " +
-          std::to_string(site.Project().size()) +
+          std::to_string(site.Specific("<site>\\Work\\Sample").size()) +
           ": the launcher would end with -2 "
           "[text-too-long]\n"
           "    help: it is shortened to less than the width\n"
