@@ -1,7 +1,7 @@
 #include "tests/runcheck/findings.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <regex>
 
 #include "tests/support/program_path.h"
 
@@ -32,8 +32,11 @@ std::string RunCheckTest::Findings(const std::vector<std::string>& launcherArgum
     const std::string_view line = std::string_view(answer).substr(start);
     if (!line.starts_with("Run ") && !line.starts_with("  ") && !line.starts_with("\n")) {
       // A site's name has no fixed length, nor have markers under it.
-      static const std::regex marker("\\^~+");
-      return std::regex_replace(answer.substr(start), marker, "^~");
+      std::string findings = answer.substr(start);
+      const auto repeated = std::ranges::unique(
+          findings, [](char left, char right) { return left == '~' && right == '~'; });
+      findings.erase(repeated.begin(), repeated.end());
+      return findings;
     }
   }
   return answer;

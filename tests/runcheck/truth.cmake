@@ -1,11 +1,8 @@
 # Whether the check tells the truth and does no harm.
 
 # The whole check inside a test: everything of the program but its main file.
-get_target_property(sources QVXRunCheck SOURCES)
-list(REMOVE_ITEM sources main.cpp QVXRunCheck.rc)
-list(TRANSFORM sources PREPEND ${PROJECT_SOURCE_DIR}/runcheck/ REGEX "^[^/]+$")
 get_target_property(libraries QVXRunCheck LINK_LIBRARIES)
-add_executable(truth_tests ${sources} ../soak/random_run.cpp
+add_executable(truth_tests $<TARGET_OBJECTS:runcheck_program> ../soak/random_run.cpp
   truth_random_test.cpp truth_silent_test.cpp)
 target_link_libraries(truth_tests PRIVATE planned_runs plain_run ${libraries})
 add_dependencies(truth_tests QVXRunCheck)
