@@ -119,7 +119,7 @@ void RunInput(std::string_view input) {
                                                      .mpiConfiguration = "C",
                                                      .argumentString = ArgumentString});
   if (run.end.isTooLarge) return;
-  ServeFile(input);
+  const MemoryFile file(input);
   runcheck::Prediction prediction = runcheck::Predict(arguments);
   Check("fault", run.end.fault, prediction.fault ? prediction.fault->message : "");
   const std::size_t whole = run.end.fault.empty() ? run.passes.size() : prediction.passes.size();

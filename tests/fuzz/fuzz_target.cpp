@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "tests/fuzz/input_memory.h"
+
 namespace qvx::fuzz {
 
 std::vector<std::string> TakeLines(std::string_view& text, std::size_t most) {
@@ -27,6 +29,7 @@ extern "C" const char* __asan_default_options() {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const qvx::fuzz::InputMemory memory;
   qvx::fuzz::RunInput({reinterpret_cast<const char*>(data), size});
   return 0;
 }

@@ -10,7 +10,7 @@
 namespace qvx::fuzz {
 namespace {
 
-std::string served;
+std::string_view served;
 std::size_t position = 0;
 bool isOpen = false;
 
@@ -29,10 +29,12 @@ std::FILE* Stream() {
 
 }  // namespace
 
-void ServeFile(std::string_view bytes) {
+MemoryFile::MemoryFile(std::string_view bytes) : text_(plain::InTextMode(bytes)) { served = text_; }
+
+MemoryFile::~MemoryFile() {
   // A reader that left the file open would have leaked it.
   if (isOpen) std::abort();
-  served = plain::InTextMode(bytes);
+  served = {};
 }
 
 // Linked in place of the C library's (--wrap). The fuzzer writes its own files through them too.
