@@ -22,8 +22,12 @@ ssize_t Read(void* /*cookie*/, char* buffer, std::size_t size) {
 
 /// One stream for all inputs: making one takes longer than reading it.
 std::FILE* Stream() {
-  static std::FILE* const stream = fopencookie(
-      nullptr, "r", {.read = Read, .write = nullptr, .seek = nullptr, .close = nullptr});
+  static std::FILE* const stream = [] {
+    std::FILE* const made = fopencookie(
+        nullptr, "r", {.read = Read, .write = nullptr, .seek = nullptr, .close = nullptr});
+    __fsetlocking(made, FSETLOCKING_BYCALLER);
+    return made;
+  }();
   return stream;
 }
 
