@@ -16,10 +16,13 @@ bool IsComment(std::string_view text) {
   return text.empty() || std::string_view(";#/!'*-").find(text.front()) != std::string_view::npos;
 }
 
+bool IsSameInAnyCase(std::string_view left, std::string_view right) {
+  return left.size() == right.size() && AsciiLower(left) == AsciiLower(right);
+}
+
 const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
-  const std::string lower = AsciiLower(name);
   for (const CmxKey& key : section.keys) {
-    if (AsciiLower(key.name) == lower) return &key;
+    if (IsSameInAnyCase(key.name, name)) return &key;
   }
   return nullptr;
 }

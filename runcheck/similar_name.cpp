@@ -1,6 +1,7 @@
 #include "runcheck/similar_name.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <numeric>
 #include <vector>
@@ -27,8 +28,12 @@ std::string AsciiLower(std::string_view text) {
 }
 
 std::size_t EditDistance(std::string_view left, std::string_view right, std::size_t most) {
-  const auto [shorter, longer] = std::minmax({left.size(), right.size()});
-  if (longer - shorter > most) return most + 1;
+  // Nearly all pairs of names end here: at least the letters that one of them lacks have to change.
+  std::array<int, 256> letters = {};
+  for (const char c : right) ++letters[static_cast<unsigned char>(c)];
+  std::size_t lacking = 0;
+  for (const char c : left) lacking += --letters[static_cast<unsigned char>(c)] < 0 ? 1 : 0;
+  if (std::max(lacking, lacking + right.size() - left.size()) > most) return most + 1;
   // row[j], of the letter i: the distance of the first i letters of one to the first j of the other.
   std::vector<std::size_t> row(right.size() + 1);
   std::vector<std::size_t> above = row;
