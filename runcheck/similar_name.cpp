@@ -34,7 +34,8 @@ std::size_t EditDistance(std::string_view left, std::string_view right, std::siz
   std::size_t lacking = 0;
   for (const char c : left) lacking += --letters[static_cast<unsigned char>(c)] < 0 ? 1 : 0;
   if (std::max(lacking, lacking + right.size() - left.size()) > most) return most + 1;
-  // row[j], of the letter i: the distance of the first i letters of one to the first j of the other.
+  // row[j], of the letter i: the distance of the first i letters of one to the first j of the
+  // other.
   std::vector<std::size_t> row(right.size() + 1);
   std::vector<std::size_t> above = row;
   std::vector<std::size_t> twoAbove = row;

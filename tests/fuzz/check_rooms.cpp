@@ -1,5 +1,5 @@
-// The rooms of the launcher that call Windows and that the check uses, in their place: what they find
-// on this machine.
+// The rooms of the launcher that call Windows and that the check uses, in their place: what they
+// find on this machine.
 #include "execution/mpi_configuration.h"
 #include "execution/mpi_options.h"
 #include "launcher/debug_trace.h"

@@ -22,8 +22,8 @@ std::vector<std::string> TakeLines(std::string_view& text, std::size_t most) {
 }  // namespace qvx::fuzz
 
 /// Long call stacks and a long quarantine find nothing more, now that an input's memory is its own;
-/// of a stack of less than two frames no leak is reported. memcmp only compares what has a length of
-/// its own, and libFuzzer keeps a table of what it compares.
+/// of a stack of less than two frames no leak is reported. memcmp only compares what has a length
+/// of its own, and libFuzzer keeps a table of what it compares.
 extern "C" const char* __asan_default_options() {
   return "malloc_context_size=2:quarantine_size_mb=1:thread_local_quarantine_size_kb=64:"
          "intercept_memcmp=0";

@@ -38,8 +38,7 @@ void RunInput(std::string_view input) {
   runcheck::Report report;
   report.diagnostics = runcheck::CheckCmxFile(facts);
   runcheck::CheckCall(call, report.diagnostics);
-  if (facts.IsMeantDistributed() &&
-      !plain::PlainRun(arguments, {.cmx = input}).end.isTooLarge) {
+  if (facts.IsMeantDistributed() && !plain::PlainRun(arguments, {.cmx = input}).end.isTooLarge) {
     const MemoryFile file(input);
     runcheck::Prediction prediction = runcheck::Predict(arguments);
     runcheck::CheckShares(facts, prediction, report.diagnostics);
