@@ -16,10 +16,13 @@ bool IsComment(std::string_view text) {
   return text.empty() || std::string_view(";#/!'*-").find(text.front()) != std::string_view::npos;
 }
 
+bool IsSameInAnyCase(std::string_view left, std::string_view right) {
+  return left.size() == right.size() && AsciiLower(left) == AsciiLower(right);
+}
+
 const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
-  const std::string lower = AsciiLower(name);
   for (const CmxKey& key : section.keys) {
-    if (AsciiLower(key.name) == lower) return &key;
+    if (IsSameInAnyCase(key.name, name)) return &key;
   }
   return nullptr;
 }
@@ -138,8 +141,9 @@ class KeyRules {
   /// "IDTaskMode: 0", "IDTaskMode 0", "IDTaskMode := 0"
   bool CheckSeparator(const SettingLine& setting) {
     const std::string_view text = TrimmedOfInvisible(setting.line->text);
+    const std::string lower = AsciiLower(text);
     for (const CmxKey& key : Section().keys) {
-      if (!AsciiLower(text).starts_with(AsciiLower(key.name))) continue;
+      if (!lower.starts_with(AsciiLower(key.name))) continue;
       const std::string_view rest = text.substr(key.name.size());
       const std::size_t valueAt = rest.find_first_not_of(" \t:=->,;");
       const std::string_view separator = rest.substr(0, valueAt);
@@ -162,18 +166,19 @@ class KeyRules {
   /// Keys of this section outside every section that is read, when the section does not hold them.
   void CheckOutside() {
     for (const CmxLine& line : facts_.Lines()) {
+      const std::size_t equals = line.text.find('=');
+      if (equals == std::string_view::npos || equals > 64) continue;
+      const std::string_view name = Trimmed(line.text.substr(0, equals));
+      const CmxKey* key = FindKey(Section(), name);
+      if (key == nullptr || key->use == KeyUse::Shown || reading_.Find(name) != nullptr) continue;
+      if (reading_.openings.empty() || explained_.contains(name)) continue;
       const bool isInside = std::ranges::any_of(facts_.Readings(), [&](const auto& reading) {
         return facts_.Matters(*reading.section) &&
                std::ranges::any_of(reading.settings, [&](const SettingLine& setting) {
                  return setting.line == &line;
                });
       });
-      const std::size_t equals = line.text.find('=');
-      if (isInside || equals == std::string_view::npos || equals > 64) continue;
-      const std::string_view name = Trimmed(line.text.substr(0, equals));
-      const CmxKey* key = FindKey(Section(), name);
-      if (key == nullptr || key->use == KeyUse::Shown || reading_.Find(name) != nullptr) continue;
-      if (reading_.openings.empty() || explained_.contains(name)) continue;
+      if (isInside) continue;
       explained_.insert(key->name);
       const std::size_t start = line.column + line.text.find_first_not_of(' ');
       found_.push_back(

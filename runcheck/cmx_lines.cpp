@@ -108,15 +108,17 @@ std::string ClosingTag(const CmxSection& section) { return "</" + std::string(se
 SectionReading ReadLines(const CmxLines& lines, const CmxSection& section) {
   SectionReading reading = {&section, {}, false, {}};
   Blocks blocks;
+  const std::string opening = OpeningTag(section);
+  const std::string closing = ClosingTag(section);
   const auto read = [&](const CmxLine& line) {
-    if (line.text == OpeningTag(section)) {
+    if (line.text == opening) {
       reading.isOpen = true;
       reading.openings.push_back(&line);
     }
     if (!reading.isOpen) return;
     reading.settings.push_back(Split(line));
     if (&section == &kRemoteMachinesSection) blocks.Place(reading.settings.back());
-    if (line.text == ClosingTag(section)) reading.isOpen = false;
+    if (line.text == closing) reading.isOpen = false;
   };
   for (const CmxLine& line : lines.lines) read(line);
   if (lines.repeatsLast && reading.isOpen) read(lines.lines.back());

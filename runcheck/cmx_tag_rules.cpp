@@ -17,7 +17,7 @@ struct NearTag {
 };
 
 bool IsExactTag(const CmxSection& section, std::string_view text) {
-  return text == OpeningTag(section) || text == ClosingTag(section);
+  return text.starts_with('<') && (text == OpeningTag(section) || text == ClosingTag(section));
 }
 
 std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {

@@ -10,8 +10,9 @@ namespace qvx::runcheck {
 /// A to Z only: bytes beyond belong to a code page that this does not know.
 std::string AsciiLower(std::string_view text);
 
-/// Letters to insert, remove, replace or swap with their neighbour.
-std::size_t EditDistance(std::string_view left, std::string_view right);
+/// Letters to insert, remove, replace or swap with their neighbour; above `most`, any number above
+/// it.
+std::size_t EditDistance(std::string_view left, std::string_view right, std::size_t most);
 
 /// True when few enough letters differ that one can be the other misspelt; letter case, blanks and
 /// underscores do not count.

@@ -1,47 +1,15 @@
-// The check of a run, as far as it makes no Windows call: what it predicts has to be what the plain
+// What the check of a run predicts, as far as it makes no Windows call, has to be what the plain
 // formulation says, and a text that is too long has to be told where and only where a reader stops.
 // The input's first three lines are the arguments, the rest is the file.
 #include <algorithm>
 
-#include "execution/mpi_configuration.h"
-#include "execution/mpi_options.h"
-#include "launcher/debug_trace.h"
-#include "runcheck/call_rules.h"
+#include "runcheck/call_facts.h"
 #include "runcheck/cmx_rules.h"
 #include "runcheck/prediction.h"
-#include "runcheck/report.h"
-#include "runcheck/share_rules.h"
-#include "support/bounded_text.h"
-#include "support/trailing_backslash.h"
 #include "tests/fuzz/argument_library.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/fuzz_target.h"
 #include "tests/fuzz/memory_file.h"
-
-// The rooms that call Windows, in their place: what they find on this machine.
-namespace qvx {
-
-int SwitchDebugTrace(LauncherContext& context) { return context.debugTraceFlag = 0; }
-
-int ReadParallelFolderName(LauncherContext& context) {
-  char iniFile[kPathWidth];
-  FormatText(iniFile, "project ini file", "%s\\Bin\\QVXProject.ini", context.homeFolder);
-  CopyText(context.parallelFolderName, "parallel folder name", "Share");
-  return 0;
-}
-
-const char* ReadMpiInstallationPath(LauncherContext& context) {
-  CopyText(context.mpiInstallationPath, "MPI installation path", "I\\");
-  RemoveTrailingBackslash(context.mpiInstallationPath);
-  return context.mpiInstallationPath;
-}
-
-std::wstring MpiConfigurationFolder() { return {}; }
-std::string MpiConfiguration(LauncherContext& /*context*/, const std::wstring& /*folder*/) {
-  return "C";
-}
-
-}  // namespace qvx
 
 namespace qvx::fuzz {
 namespace {
@@ -106,8 +74,6 @@ void CheckTooLong(const runcheck::CmxFacts& facts, const plain::CmxFile& file) {
   if (!stops && !told.empty()) Differ("too long", "", told.front().summary);
 }
 
-std::string AsItIs(const std::string& text) { return text; }
-
 }  // namespace
 
 void RunInput(std::string_view input) {
@@ -119,30 +85,16 @@ void RunInput(std::string_view input) {
                                                      .mpiConfiguration = "C",
                                                      .argumentString = ArgumentString});
   if (run.end.isTooLarge) return;
-  ServeFile(input);
-  runcheck::Prediction prediction = runcheck::Predict(arguments);
+  const MemoryFile file(input);
+  const runcheck::Prediction prediction = runcheck::Predict(arguments);
   Check("fault", run.end.fault, prediction.fault ? prediction.fault->message : "");
   const std::size_t whole = run.end.fault.empty() ? run.passes.size() : prediction.passes.size();
   CheckNumber("passes", whole, prediction.passes.size());
   for (std::size_t i = 0; i < whole; ++i) CheckPass(run.passes[i], prediction.passes[i]);
 
-  runcheck::CallFacts call = runcheck::FactsOf(arguments);
-  if (prediction.isInterpreted) call.family = prediction.family;
-  const runcheck::CmxFacts facts({"a.cmx", std::string(input)}, call.family);
-  CheckTooLong(facts, plain::CmxFile(input));
-  runcheck::Report report;
-  report.diagnostics = runcheck::CheckCmxFile(facts);
-  runcheck::CheckCall(call, report.diagnostics);
-  if (facts.IsMeantDistributed()) runcheck::CheckShares(facts, prediction, report.diagnostics);
-  runcheck::CheckCommandLines(prediction, report.diagnostics);
-  runcheck::SortByPlace(report.diagnostics);
-  report.passes = std::move(prediction.passes);
-  for (const std::size_t width : {0U, 1U, 80U}) {
-    runcheck::TextStyle style;
-    style.width = width;
-    runcheck::TextReport(report, style);
-  }
-  runcheck::JsonReport(report, AsItIs);
+  const SolverClass family =
+      prediction.isInterpreted ? prediction.family : runcheck::FactsOf(arguments).family;
+  CheckTooLong(runcheck::CmxFacts({"a.cmx", std::string(input)}, family), plain::CmxFile(input));
 }
 
 }  // namespace qvx::fuzz

@@ -23,7 +23,7 @@ void Compare(const plain::CmxFile& file, Read read, int (*readProduct)(const cha
 }  // namespace
 
 void RunInput(std::string_view bytes) {
-  ServeFile(bytes);
+  const MemoryFile served(bytes);
   const plain::CmxFile file(bytes);
   Compare(file, plain::ReadTaskManager, ReadTaskManagerSettings, CheckTaskManager);
   Compare(file, plain::ReadRemoteMachines, ReadRemoteMachineSettings, CheckRemoteMachines);

@@ -14,11 +14,11 @@ void RunInput(std::string_view input) {
 
   const Context context;
   context->debugTraceFlag = isTraced ? 1 : 0;
-  shown.clear();
+  ClearShown();
   if (CheckFault(run.end.fault, [&] { Interpret(*context, arguments); })) {
     CheckCommandLine(run, *context);
   }
-  Check("console", run.console, shown);
+  Check("console", run.console, Shown());
 }
 
 }  // namespace qvx::fuzz

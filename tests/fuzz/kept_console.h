@@ -1,11 +1,12 @@
 // What the product prints while a fuzzer runs.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 namespace qvx::fuzz {
 
 /// Printed since it was cleared.
-inline std::string shown;
+std::string_view Shown();
+void ClearShown();
 
 }  // namespace qvx::fuzz

@@ -10,7 +10,7 @@
 namespace qvx::fuzz {
 namespace {
 
-std::string served;
+std::string_view served;
 std::size_t position = 0;
 bool isOpen = false;
 
@@ -22,17 +22,23 @@ ssize_t Read(void* /*cookie*/, char* buffer, std::size_t size) {
 
 /// One stream for all inputs: making one takes longer than reading it.
 std::FILE* Stream() {
-  static std::FILE* const stream = fopencookie(
-      nullptr, "r", {.read = Read, .write = nullptr, .seek = nullptr, .close = nullptr});
+  static std::FILE* const stream = [] {
+    std::FILE* const made = fopencookie(
+        nullptr, "r", {.read = Read, .write = nullptr, .seek = nullptr, .close = nullptr});
+    __fsetlocking(made, FSETLOCKING_BYCALLER);
+    return made;
+  }();
   return stream;
 }
 
 }  // namespace
 
-void ServeFile(std::string_view bytes) {
+MemoryFile::MemoryFile(std::string_view bytes) : text_(plain::InTextMode(bytes)) { served = text_; }
+
+MemoryFile::~MemoryFile() {
   // A reader that left the file open would have leaked it.
   if (isOpen) std::abort();
-  served = plain::InTextMode(bytes);
+  served = {};
 }
 
 // Linked in place of the C library's (--wrap). The fuzzer writes its own files through them too.

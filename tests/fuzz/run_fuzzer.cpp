@@ -23,12 +23,12 @@ namespace {
 /// do in between is done in their place.
 class Comparison {
  public:
-  explicit Comparison(const plain::Run& run) : run_(run) { shown.clear(); }
+  explicit Comparison(const plain::Run& run) : run_(run) { ClearShown(); }
 
   void Carry(const std::vector<std::string>& arguments, bool isTraced) {
     context_->debugTraceFlag = isTraced ? 1 : 0;
     CheckFault(run_.end.isOfLaunch ? "" : run_.end.fault, [&] { Start(arguments); });
-    Check("console", *expected_, shown);
+    Check("console", *expected_, Shown());
   }
 
  private:
@@ -74,9 +74,9 @@ class Comparison {
     LauncherContext& context = *context_;
     if (passes_ == run_.passes.size()) Differ("passes", std::to_string(passes_), "more");
     const plain::Pass& pass = run_.passes[passes_++];
-    Check("console", *expected_, shown);
+    Check("console", *expected_, Shown());
     expected_ = &pass.prepared;
-    shown.clear();
+    ClearShown();
     context.computeMode = DecideComputeMode(context);
     if (context.computeMode == ComputeMode::Dmp) {
       Trace(context, "ConvertAcc2RegistryForIntelMPI(%s)\n", context.homeFolder);
@@ -127,7 +127,7 @@ void RunInput(std::string_view input) {
                                      .argumentString = ArgumentString};
   const plain::Run run = plain::PlainRun(arguments, world);
   if (run.end.isTooLarge) return;
-  ServeFile(input);
+  const MemoryFile file(input);
   Comparison(run).Carry(arguments, isTraced);
 }
 

@@ -71,12 +71,12 @@ void RunInput(std::string_view input) {
   const Context context;
   Fill(*context, run, pass);
   context->debugTraceFlag = world.isTraced ? 1 : 0;
-  shown.clear();
+  ClearShown();
   plain::PrepareRecord(world, run, pass);
   if (run.end.isTooLarge) return;
   CheckFault(run.end.fault, [&] { PrepareParallelSettings(*context); });
   CheckRecord(pass.record, *context);
-  Check("console", run.console, shown);
+  Check("console", run.console, Shown());
   Check("hosts", plain::HostsList(run.remoteMachines), HostsList(context->remoteMachineSettings));
 }
 
