@@ -8,13 +8,17 @@ cmake_path(GET gcc_folder PARENT_PATH gcc_folder)
 
 foreach(language C CXX)
   set(CMAKE_${language}_COMPILER_TARGET x86_64-w64-mingw32)
-  # Behind Clang's own headers, which wrap some of these.
+  # After Clang's own headers, which wrap some of these.
   set(CMAKE_${language}_FLAGS_INIT "--start-no-unused-arguments -nostdlibinc --end-no-unused-arguments -idirafter ${CMAKE_FIND_ROOT_PATH}/include")
 endforeach()
 set(CMAKE_C_COMPILER clang)
 set(CMAKE_CXX_COMPILER clang++)
+# LLVM's makes no libraries for late loading.
+set(CMAKE_DLLTOOL x86_64-w64-mingw32-dlltool)
 string(APPEND CMAKE_CXX_FLAGS_INIT
-  " -isystem ${gcc_folder}/include/c++ -isystem ${gcc_folder}/include/c++/x86_64-w64-mingw32")
+  " -isystem ${gcc_folder}/include/c++ -isystem ${gcc_folder}/include/c++/x86_64-w64-mingw32"
+  # GCC says so for this target, and its library is built so.
+  " -D__GXX_TYPEINFO_EQUALITY_INLINE=0 -D__GXX_MERGED_TYPEINFO_NAMES=0")
 foreach(kind EXE SHARED)
   # The runtime's thread library comes with -pthread. GNU's linker warns of each copy of a type's
   # information that both compilers made; LLVM's does not.

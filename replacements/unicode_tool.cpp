@@ -30,7 +30,7 @@ int CQVXUnicodeTool::Utf16ToAnsi(const wchar_t* utf16, char* ansi, int capacity)
   const int length =
       WideCharToMultiByte(CP_ACP, isUtf8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS, utf16, -1,
                           ansi, capacity, nullptr, isUtf8 ? nullptr : &substituted);
-  if (length > 0 && !substituted) return 0;
+  if (length > 0 && substituted == FALSE) return 0;
   ansi[0] = '\0';
   return kFailed;
 }

@@ -148,6 +148,7 @@ int Main(const Texts& arguments) {
 }  // namespace
 }  // namespace qvx::runstart
 
+// NOLINTNEXTLINE(bugprone-exception-escape): only an option declared twice throws
 int main(int count, char** arguments) {
   return qvx::runstart::Main({arguments + 1, arguments + count});
 }

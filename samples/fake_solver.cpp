@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -60,7 +59,7 @@ long long Number(std::string_view text, int base = 10) {
   return number;
 }
 
-void PrintCommandLine(std::string_view) { Print(GetCommandLineA()); }
+void PrintCommandLine(std::string_view /*nothing*/) { Print(GetCommandLineA()); }
 
 /// What follows the program, whose path may hold blanks without being quoted.
 std::string_view OwnArguments() {
@@ -68,7 +67,7 @@ std::string_view OwnArguments() {
   return line.substr(std::min(line.find(" -"), line.size()));
 }
 
-void PrintArguments(std::string_view) {
+void PrintArguments(std::string_view /*nothing*/) {
   for (int i = 1; i < __argc; ++i) Print("argument " + std::to_string(i) + ": " + __argv[i]);
 }
 
@@ -95,18 +94,19 @@ void Fill(std::string_view sizes) {
   }
 }
 
-void CountInput(std::string_view) {
+void CountInput(std::string_view /*nothing*/) {
   std::array<char, 4096> buffer;
   DWORD length = 0;
   std::size_t total = 0;
-  while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), buffer.data(), buffer.size(), &length, nullptr) &&
+  while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), buffer.data(), buffer.size(), &length, nullptr) !=
+             0 &&
          length > 0) {
     total += length;
   }
   Print("stdin: " + std::to_string(total) + " bytes");
 }
 
-void PrintFolder(std::string_view) {
+void PrintFolder(std::string_view /*nothing*/) {
   std::array<char, 4096> folder{};
   GetCurrentDirectoryA(folder.size(), folder.data());
   Print(folder.data());
@@ -147,9 +147,9 @@ void Outlive(std::string_view path) {
 void SleepFor(std::string_view milliseconds) { Sleep(static_cast<DWORD>(Number(milliseconds))); }
 
 /// On a pipe this waits until the reader has taken everything.
-void Flush(std::string_view) { FlushFileBuffers(GetStdHandle(STD_OUTPUT_HANDLE)); }
+void Flush(std::string_view /*nothing*/) { FlushFileBuffers(GetStdHandle(STD_OUTPUT_HANDLE)); }
 
-void CloseOutput(std::string_view) {
+void CloseOutput(std::string_view /*nothing*/) {
   const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
   const HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
   CloseHandle(output);
@@ -159,7 +159,7 @@ void CloseOutput(std::string_view) {
 }
 
 /// A real one, as if a person pressed it in the launcher's window. This process is left out.
-void PressCtrlC(std::string_view) {
+void PressCtrlC(std::string_view /*nothing*/) {
   FreeConsole();
   if (AttachConsole(ATTACH_PARENT_PROCESS) == 0) ExitProcess(kNoConsole);
   SetConsoleCtrlHandler(nullptr, TRUE);
@@ -170,7 +170,12 @@ void Exit(std::string_view code) { ExitProcess(static_cast<UINT>(Number(code)));
 
 void RunForRank(std::string_view rankAndCommand);
 
-const std::map<std::string_view, void (*)(std::string_view)> kCommands{
+struct Command {
+  std::string_view name;
+  void (*run)(std::string_view);
+};
+
+constexpr Command kCommands[] = {
     {"command-line", PrintCommandLine},  // the raw command line
     {"args", PrintArguments},            // the arguments as the C runtime parsed them
     {"print", Print},                    // TEXT
@@ -193,12 +198,12 @@ const std::map<std::string_view, void (*)(std::string_view)> kCommands{
 
 void RunCommand(std::string_view command) {
   const std::string_view name = TakeUntil(' ', command);
-  const auto found = kCommands.find(name);
-  if (found == kCommands.end()) {
+  const auto* const found = std::ranges::find(kCommands, name, &Command::name);
+  if (found == std::end(kCommands)) {
     PrintError("unknown command: " + std::string(name));
     ExitProcess(kUnknownCommand);
   }
-  found->second(command);
+  found->run(command);
 }
 
 void RunForRank(std::string_view rankAndCommand) {
@@ -260,6 +265,7 @@ void PlayRun() {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): a test sees it as a crash
 int main() {
   if (const std::optional<std::string> script = FindScript()) {
     RunScript(*script);

@@ -13,7 +13,7 @@ bool IsBlank(char character) { return character == ' ' || character == '\t'; }
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
-/// Looks at the beginning alone, like `std::atoi`, which reads the number.
+/// Looks at the beginning alone, like `std::strtol`, which reads the number.
 bool IsNumber(std::string_view text) {
   if (text.starts_with('-')) text.remove_prefix(1);
   return !text.empty() && IsDigit(text.front());
@@ -72,8 +72,8 @@ class Parser {
   }
 
  private:
-  bool AtEnd() const { return next_ == tokens_.size(); }
-  const std::string& Peek() const { return tokens_[next_]; }
+  [[nodiscard]] bool AtEnd() const { return next_ == tokens_.size(); }
+  [[nodiscard]] const std::string& Peek() const { return tokens_[next_]; }
   const std::string& Take() { return tokens_[next_++]; }
 
   /// The options' last value may be missing.
@@ -153,7 +153,7 @@ class Parser {
   }
 
   int CountOf(const std::string& text, std::string_view option) {
-    const int count = std::atoi(text.c_str());
+    const int count = static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
     if (count < 1) {
       Fail("You must specify a number greater than 0 after " + std::string(option) + ".");
     }

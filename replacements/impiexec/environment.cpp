@@ -33,7 +33,7 @@ void Environment::AddOwn() {
 
 void Environment::AddMachines() {
   void* block = nullptr;
-  if (!CreateEnvironmentBlock(&block, nullptr, FALSE)) return;
+  if (CreateEnvironmentBlock(&block, nullptr, FALSE) == 0) return;
   AddBlock(static_cast<const wchar_t*>(block));
   DestroyEnvironmentBlock(block);
 }

@@ -18,7 +18,7 @@ class Environment {
   void AddMachines();
 
   /// For CREATE_UNICODE_ENVIRONMENT.
-  std::wstring Block() const;
+  [[nodiscard]] std::wstring Block() const;
 
  private:
   void AddBlock(const wchar_t* block);

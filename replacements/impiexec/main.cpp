@@ -70,6 +70,10 @@ std::string FindProgram(const std::string& program) {
   return length > 0 && length < path.size() ? std::string(path.data(), length) : program;
 }
 
+void SetAll(const std::vector<Variable>& variables, Environment& environment) {
+  for (const Variable& variable : variables) environment.Set(variable.name, variable.value);
+}
+
 std::vector<Rank> RanksOf(const CommandLine& commandLine) {
   std::int64_t size = 0;
   for (const Group& group : commandLine.groups) {
@@ -86,12 +90,8 @@ std::vector<Rank> RanksOf(const CommandLine& commandLine) {
         environment.Set("PMI_RANK", number);
         environment.Set("PMI_SIZE", std::to_string(size));
         environment.Set("PMI_HOST", node);
-        for (const Variable& variable : group.variables) {
-          environment.Set(variable.name, variable.value);
-        }
-        for (const Variable& variable : commandLine.globalVariables) {
-          environment.Set(variable.name, variable.value);
-        }
+        SetAll(group.variables, environment);
+        SetAll(commandLine.globalVariables, environment);
         if (group.isDistributed) {
           environment.AddMachines();
         } else {

@@ -54,7 +54,7 @@ Handle OpenOwnInput() {
   HANDLE input = nullptr;
   const HANDLE self = GetCurrentProcess();
   const bool hasInput = DuplicateHandle(self, GetStdHandle(STD_INPUT_HANDLE), self, &input, 0, TRUE,
-                                        DUPLICATE_SAME_ACCESS);
+                                        DUPLICATE_SAME_ACCESS) != 0;
   return hasInput ? Handle(input) : OpenNoInput();
 }
 
@@ -62,7 +62,7 @@ void Relay(HANDLE output, const std::string& label) {
   std::array<char, 16384> chunk;
   DWORD length = 0;
   bool isLineStart = true;
-  while (ReadFile(output, chunk.data(), chunk.size(), &length, nullptr)) {
+  while (ReadFile(output, chunk.data(), chunk.size(), &length, nullptr) != 0) {
     const std::string_view bytes(chunk.data(), length);
     if (label.empty()) {
       WriteOutput(bytes);
@@ -99,7 +99,7 @@ SolverGroup::SolverGroup() : job_(CreateJobObjectA(nullptr, nullptr)), ownInput_
 DWORD SolverGroup::Create(const Rank& rank) {
   HANDLE readEnd = nullptr;
   HANDLE writeEnd = nullptr;
-  if (!CreatePipe(&readEnd, &writeEnd, nullptr, 0)) return GetLastError();
+  if (CreatePipe(&readEnd, &writeEnd, nullptr, 0) == 0) return GetLastError();
   Handle output(readEnd);
   // Closed on return: the relay sees the end only when the solver holds the last write end.
   const Handle solverEnd(writeEnd);
@@ -120,10 +120,10 @@ DWORD SolverGroup::Create(const Rank& rank) {
   std::string commandLine = rank.commandLine;
   std::wstring environment = rank.environment;
   PROCESS_INFORMATION started{};
-  if (!CreateProcessA(rank.application.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-                      CREATE_SUSPENDED | EXTENDED_STARTUPINFO_PRESENT | CREATE_UNICODE_ENVIRONMENT,
-                      environment.data(), rank.folder.empty() ? nullptr : rank.folder.c_str(),
-                      &startup.StartupInfo, &started)) {
+  if (CreateProcessA(rank.application.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+                     CREATE_SUSPENDED | EXTENDED_STARTUPINFO_PRESENT | CREATE_UNICODE_ENVIRONMENT,
+                     environment.data(), rank.folder.empty() ? nullptr : rank.folder.c_str(),
+                     &startup.StartupInfo, &started) == 0) {
     return GetLastError();
   }
   solvers_.push_back({rank.node, rank.outputLabel, Handle(started.hProcess),

@@ -36,10 +36,10 @@ class SolverGroup {
   int Run();
 
   /// Whether a rank crashed, which ended the others.
-  bool IsAborted() const { return isAborted_; }
+  [[nodiscard]] bool IsAborted() const { return isAborted_; }
 
   /// A line for each rank: what it ended with, and where.
-  std::string ExitCodes() const;
+  [[nodiscard]] std::string ExitCodes() const;
 
  private:
   struct Solver {

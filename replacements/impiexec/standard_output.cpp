@@ -15,7 +15,7 @@ void WriteOutput(std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD written = 0;
     // With the reader gone the bytes are dropped, and the solvers can go on.
-    if (!WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
+    if (WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) == 0) {
       return;
     }
     bytes.remove_prefix(written);

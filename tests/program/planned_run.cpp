@@ -135,7 +135,7 @@ PlannedTests::~PlannedTests() = default;
 
 void PlannedTests::Add(const std::string& suite, const std::string& name,
                        std::vector<RunPlan> plans, std::function<void(const Results&)> check,
-                       std::source_location where) {
+                       const char* file, int line) {
   Test& test = tests_.emplace_back();
   for (RunPlan& plan : plans) test.runs.push_back({.plan = std::move(plan)});
   test.check = std::move(check);
@@ -146,16 +146,15 @@ void PlannedTests::Add(const std::string& suite, const std::string& name,
     }
     test.check(test.runs);
   };
-  test.info = testing::RegisterTest(suite.c_str(), name.c_str(), nullptr, nullptr,
-                                    where.file_name(), static_cast<int>(where.line()),
+  test.info = testing::RegisterTest(suite.c_str(), name.c_str(), nullptr, nullptr, file, line,
                                     [look]() -> testing::Test* { return new Look(look); });
 }
 
 void PlannedTests::Add(const std::string& suite, const std::string& name, RunPlan plan,
-                       std::function<void(const RunResult&)> check, std::source_location where) {
+                       std::function<void(const RunResult&)> check, const char* file, int line) {
   Add(
       suite, name, std::vector<RunPlan>{std::move(plan)},
-      [check = std::move(check)](const Results& runs) { check(runs.front()); }, where);
+      [check = std::move(check)](const Results& runs) { check(runs.front()); }, file, line);
 }
 
 void PlannedTests::CarryOutChosenRuns() {

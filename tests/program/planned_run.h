@@ -10,7 +10,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <source_location>
 #include <string>
 #include <vector>
 
@@ -86,14 +85,15 @@ class PlannedTests {
   PlannedTests(const PlannedTests&) = delete;
   PlannedTests& operator=(const PlannedTests&) = delete;
 
-  /// `check` says what has to come of the runs.
+  /// `check` says what has to come of the runs. `file` and `line` are the caller's. (Clang 14 has
+  /// no `std::source_location`.)
   void Add(const std::string& suite, const std::string& name, std::vector<RunPlan> plans,
-           std::function<void(const Results&)> check,
-           std::source_location where = std::source_location::current());
+           std::function<void(const Results&)> check, const char* file = __builtin_FILE(),
+           int line = __builtin_LINE());
 
   void Add(const std::string& suite, const std::string& name, RunPlan plan,
-           std::function<void(const RunResult&)> check,
-           std::source_location where = std::source_location::current());
+           std::function<void(const RunResult&)> check, const char* file = __builtin_FILE(),
+           int line = __builtin_LINE());
 
   struct Test {
     const testing::TestInfo* info = nullptr;

@@ -3,10 +3,16 @@
 
 #include <cstdlib>
 
+namespace {
+
+int Failed(DWORD step) { return static_cast<int>(step + GetLastError()); }
+
+}  // namespace
+
 int main(int count, char** arguments) {
   if (count != 2) return 1;
   FreeConsole();
-  if (AttachConsole(std::strtoul(arguments[1], nullptr, 10)) == 0) return 1000 + GetLastError();
+  if (AttachConsole(std::strtoul(arguments[1], nullptr, 10)) == 0) return Failed(1000);
   SetConsoleCtrlHandler(nullptr, TRUE);
-  return GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0) != 0 ? 0 : 2000 + GetLastError();
+  return GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0) != 0 ? 0 : Failed(2000);
 }

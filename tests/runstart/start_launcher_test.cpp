@@ -11,6 +11,7 @@
 #include "tests/program/site.h"
 #include "tests/runcheck/check_process.h"
 #include "tests/support/program_path.h"
+#include "version.h"
 
 namespace qvx::test {
 namespace {
@@ -180,7 +181,7 @@ TEST_F(StartLauncher, ShowsItsUsage) {
     EXPECT_NE(usage.find(part), std::string::npos) << part;
   }
   Start({"--version"});
-  EXPECT_EQ(output, "StartLauncher 13.0.0\r\n");
+  EXPECT_EQ(output, "StartLauncher " QVX_VERSION "\r\n");
   EXPECT_EQ(error, "");
 }
 
@@ -191,6 +192,12 @@ TEST_F(StartLauncher, StartsAnApplicationAsAFrontEndDoesAndChecksNothing) {
             "\"any name$7*x\" \"a*b c*\" \"\" \"say \\\"x\\\"\"\r\n\r\nexit status -7000\r\n");
   EXPECT_EQ(error, "");
   EXPECT_EQ(status, 0);
+}
+
+TEST_F(StartLauncher, LeavesWildcardsAlone) {
+  LauncherDoes("command-line");
+  Start({"<site>\\Home\\Bin\\QVXSolverLauncher.exe", "x$1", "<site>\\Home\\*", "<site>\\H?me"});
+  EXPECT_EQ(output, "\"x$1\" \"<site>\\Home\\*\" \"<site>\\H?me\"\r\n\r\nexit status 0\r\n");
 }
 
 TEST_F(StartLauncher, RefusesAFirstArgumentWithAQuotationMark) {

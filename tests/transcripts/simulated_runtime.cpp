@@ -101,7 +101,8 @@ int fclose(std::FILE* file) {
   return SystemFclose()(file);
 }
 
-void exit(int status) {
+// Declared like the system's; to Clang that is a part of its type.
+[[gnu::nothrow]] void exit(int status) {
   Record("exit(" + std::to_string(status) + ")");
   StopSimulating();
   EndRun();

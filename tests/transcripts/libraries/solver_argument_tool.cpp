@@ -151,7 +151,7 @@ CQVXSolverArgumentTool::~CQVXSolverArgumentTool() { host->destroy(this); }
   Record::~Record() { host->destroy(this); }                         \
   void Record::Reset() {                                             \
     const Operation operation(this, "Reset");                        \
-    Fill(*this, "reset", first + 10);                                \
+    Fill(*this, "reset", (first) + 10);                              \
   }                                                                  \
   const char* CQVXSolverArgumentTool::create(const Record& record) { \
     return Create(this, #create, record);                            \
