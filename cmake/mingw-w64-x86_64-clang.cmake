@@ -24,3 +24,6 @@ foreach(kind EXE SHARED)
   # information that both compilers made; LLVM's does not.
   set(CMAKE_${kind}_LINKER_FLAGS_INIT "-B${gcc_folder} -L${gcc_folder} -pthread -fuse-ld=lld")
 endforeach()
+# What is loaded late gets its addresses while the program runs, in a section that LLVM's linker makes
+# read-only.
+string(APPEND CMAKE_EXE_LINKER_FLAGS_INIT " -Xlinker -Xlink=-section:.rdata,rw")

@@ -55,7 +55,8 @@
 namespace qvx::test {
 
 namespace simulated {
-#define QVX_DECLARE(name) decltype(::name) name;
+#define QVX_DECLARE(name) \
+  decltype(::name) name;  // NOLINT(bugprone-macro-parentheses): a declared name
 QVX_WINDOWS_CALLS(QVX_DECLARE)
 QVX_RUNTIME_CALLS(QVX_DECLARE)
 #undef QVX_DECLARE

@@ -28,13 +28,14 @@ std::string Startup(const STARTUPINFOA& startup) {
   shown.hStdInput = startup.hStdInput;
   shown.hStdOutput = startup.hStdOutput;
   shown.hStdError = startup.hStdError;
+  // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison,cert-exp42-c,cert-flp37-c): padding too
+  const bool isCleared = std::memcmp(&shown, &startup, sizeof startup) == 0;
   return std::string("{size ") +
          (startup.cb == sizeof startup ? "of the record" : std::to_string(startup.cb)) +
          ", flags " +
          Flags(startup.dwFlags, {{STARTF_USESTDHANDLES, "STARTF_USESTDHANDLES"},
                                  {STARTF_USESHOWWINDOW, "STARTF_USESHOWWINDOW"}}) +
-         (std::memcmp(&shown, &startup, sizeof startup) == 0 ? ", the rest cleared"
-                                                             : ", the rest NOT cleared") +
+         (isCleared ? ", the rest cleared" : ", the rest NOT cleared") +
          "\n    standard input: " + Machine().RoleOf(startup.hStdInput) +
          "\n    standard output: " + Machine().RoleOf(startup.hStdOutput) +
          "\n    standard error: " + Machine().RoleOf(startup.hStdError) + "}";

@@ -122,7 +122,7 @@ LSTATUS WINAPI RegQueryValueExA(HKEY key, LPCSTR name, LPDWORD reserved, LPDWORD
     Record(line + ErrorName(result));
     return static_cast<LSTATUS>(result);
   }
-  std::memcpy(text, value->data(), value->size());
+  value->copy(reinterpret_cast<char*>(text), value->size());
   *size = static_cast<DWORD>(value->size());
   if (type != nullptr) *type = REG_SZ;
   Record(line + "ERROR_SUCCESS, " + std::to_string(*size) + " bytes " + Quoted(*value));
