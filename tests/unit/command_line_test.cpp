@@ -58,6 +58,13 @@ TEST(ClassifySolver, FollowsTheRulesInTheirOrder) {
   EXPECT_EQ(ClassLineOf("QuorvexFakeSolver.exe"), "SolverClass=FLOW");
 }
 
+TEST(ClassifySolver, LooksForTheWholeTextOfARuleAndNoMore) {
+  EXPECT_EQ(ClassLineOf("Icps.exe"), "SolverClass=IC");
+  EXPECT_EQ(ClassLineOf("My3DIcPs.exe"), "SolverClass=IC");
+  EXPECT_EQ(ClassLineOf("Optics"), "SolverClass=OPTICS");
+  EXPECT_EQ(ClassLineOf("fake"), "SolverClass=FLOW");
+}
+
 TEST(ClassifySolver, LetsTheEarlierRuleDecide) {
   EXPECT_EQ(ClassLineOf("Qvx3DFlowCool.exe"), "SolverClass=FLOW");
   EXPECT_EQ(ClassLineOf("CoolPack.exe"), "SolverClass=SHELLPACK");
