@@ -40,9 +40,12 @@ Scenario DistributedCoolingRun() {
 }
 
 /// Both passes find their old logs on the share and delete those of the same names on this machine.
+/// The cooling solver's name is as long as its field takes; nothing is a format.
 TEST(Transcript, OfDistributedConformalCooling) {
   Scenario scenario = DistributedCoolingRun();
-  scenario.arguments[2] = "My3DCOOL.exe";
+  scenario.arguments[2] = "My3DCOOL" + std::string(63 - 12, 'l') + ".exe";
+  scenario.libraries.argumentString = " -set %s %n \"a b\" ";
+  scenario.installPath = "C:\\%s %n";
   scenario.parallelFolderName = "QvxShare\\";
   scenario.libraries.accountResults[0] = -7;
   scenario.libraries.accountResults[1] = 6;

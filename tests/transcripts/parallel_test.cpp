@@ -30,12 +30,12 @@ TEST(Transcript, OfASharedMemoryRunWithoutProcessManager) {
   ExpectTranscript("shared-memory-without-process-manager", scenario);
 }
 
-/// Nor can the MPI process launcher be ended, nor is there a log.
+/// Nor can the MPI process launcher be ended, nor is there a log. A code is printed with a sign.
 TEST(Transcript, OfNoProcessManagerAndNoLog) {
   Scenario scenario = SmpRun();
   scenario.children = {{.output = {"Unknown option: -d\r\n", "never read"}, .exitCode = 1}};
   scenario.failures = {{{"TerminateProcess", 1}, ERROR_ACCESS_DENIED},
-                       {{"CreateFileA", 1}, ERROR_PATH_NOT_FOUND}};
+                       {{"CreateFileA", 1}, static_cast<DWORD>(E_ACCESSDENIED)}};
   ExpectTranscript("shared-memory-without-process-manager-and-log", scenario);
 }
 
@@ -100,7 +100,7 @@ TEST(Transcript, OfADistributedRunWithOddSettings) {
            CmxLines(
                {"<REMOTE_MACHINES>", "ValueNoMachine=03", "ValueStorageNode=NODE1",
                 "ValueShareFolderName=Projects", "ValueParallelWorkingFolder=" + site + "\\L\xE4rm",
-                "ValueMachineSetting=", "1=NODE1\t04", "2=NODE2\t0\trest", "3=NODE3",
+                "ValueMachineSetting=", "1=NODE%s\t04", "2=NODE2\t0\trest", "3=NODE3",
                 "ValueMachineWeighting=", "1=+6e-1", "2=0.3", "3=0.1", "</REMOTE_MACHINES>"})}};
   scenario.children = {{.output = {"Unknown option: -d\r\n", "", "solved\r\n"}, .exitCode = 3}};
   ExpectTranscript("distributed-with-odd-settings", scenario);
@@ -120,10 +120,11 @@ TEST(Transcript, OfADistributedRunThatIsCancelledBeforeTheStart) {
   ExpectTranscript("distributed-cancelled-before-the-start", scenario);
 }
 
+/// A code is printed with a sign.
 TEST(Transcript, OfADistributedRunWithoutMpiInstallation) {
   Scenario scenario = DmpRun();
   scenario.failures = {{{"RegOpenKeyA", 1}, ERROR_FILE_NOT_FOUND}};
-  scenario.children = {{.startError = ERROR_FILE_NOT_FOUND}};
+  scenario.children = {{.startError = static_cast<DWORD>(E_ACCESSDENIED)}};
   ExpectTranscript("distributed-without-mpi-installation", scenario);
 }
 

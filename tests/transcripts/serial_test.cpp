@@ -56,12 +56,14 @@ TEST(Transcript, OfWritesThatTakePieces) {
   ExpectTranscript("serial-writes-in-pieces", scenario);
 }
 
-/// Every path is as long as its field takes, but for the logs', which have no limit.
+/// Every path is as long as its field takes, but for the logs', which have no limit. Nothing of
+/// them is a format.
 TEST(Transcript, OfTheLongestPaths) {
-  Scenario scenario = SerialRun("QvxFlow-12.exe");
-  const std::string home = "C:\\" + std::string(259 - 22, 'h');     // less \Bin\QVXProject.ini
-  const std::string project = "C:\\" + std::string(259 - 29, 'p');  // less \Analysis\Run03\...
+  Scenario scenario = SerialRun("QvxFlow%s2.exe");
+  const std::string home = "C:\\%s %n" + std::string(259 - 27, 'h');     // less \Bin\QVXProject.ini
+  const std::string project = "C:\\%s %n" + std::string(259 - 34, 'p');  // less \Analysis\Run03\...
   scenario.arguments[0] = "L$1*" + home + "*" + project + "*Part*9*3";
+  scenario.libraries.argumentString = " -set %s %n \"a b\" ";
   const std::string name = "\\console_redirect_serial_ShellFlow_" + std::string(200, 'o') + ".txt";
   scenario.oldLogs = {{project + "\\Analysis\\Run03" + name}};
   ExpectTranscript("longest-paths", Traced(scenario));
