@@ -47,10 +47,10 @@ TEST(Transcript, OfConsoleEventsInADistributedRun) {
   ExpectTranscript("console-events-distributed", scenario);
 }
 
-/// Between the banner and the creation there is no child to end yet.
+/// Between the banner and the creation there is no child to end yet; a later event ends it.
 TEST(Transcript, OfAConsoleEventRightBeforeTheChild) {
   Scenario scenario = SmpRun();
-  scenario.events = {{{"CreateProcessA", 1}, {CTRL_C_EVENT}}};
+  scenario.events = {{{"fflush", 1}, {CTRL_C_EVENT}}, {{"ReadFile", 1}, {CTRL_BREAK_EVENT}}};
   ExpectTranscript("console-event-right-before-the-child", scenario);
 }
 

@@ -35,9 +35,26 @@ TEST(Transcript, OfSharedMemoryConformalCooling) {
   ExpectTranscript("cooling-shared-memory", CoolingRun(TaskManager("0", "2", "2")));
 }
 
+Scenario DistributedCoolingRun() {
+  return CoolingRun(TaskManager("1", "2", "2") + RemoteMachines());
+}
+
+/// Both passes find their old logs on the share and delete those of the same names on this machine.
+/// The cooling solver's name is as long as its field takes; nothing is a format.
 TEST(Transcript, OfDistributedConformalCooling) {
-  ExpectTranscript("cooling-distributed",
-                   CoolingRun(TaskManager("1", "2", "2") + RemoteMachines()));
+  Scenario scenario = DistributedCoolingRun();
+  scenario.arguments[2] = "My3DCOOL" + std::string(63 - 12, 'l') + ".exe";
+  scenario.libraries.argumentString = " -set %s %n \"a b\" ";
+  scenario.installPath = "C:\\%s %n";
+  scenario.parallelFolderName = "QvxShare\\";
+  scenario.libraries.accountResults[0] = -7;
+  scenario.libraries.accountResults[1] = 6;
+  for (const std::string solver : {"Flow", "Cool"}) {
+    const std::string name = "\\console_redirect_dmp_" + solver + "_2024-01-01_00-00-00.txt";
+    scenario.oldLogs.push_back({R"(\\NODE1\Projects\part\Analysis\Run03)" + name});
+    scenario.oldLogs.push_back({kRunFolder + name});
+  }
+  ExpectTranscript("cooling-distributed", Traced(scenario));
 }
 
 TEST(Transcript, OfCoolingWithoutConformalChannels) {
@@ -48,9 +65,16 @@ TEST(Transcript, OfCoolingWithoutConformalChannels) {
 }
 
 TEST(Transcript, OfAccountsRefusedInACoolingRun) {
-  Scenario scenario = CoolingRun(TaskManager("1", "2", "2") + RemoteMachines());
-  scenario.libraries.accountResult = -6;
+  Scenario scenario = DistributedCoolingRun();
+  for (int& result : scenario.libraries.accountResults) result = -6;
   ExpectTranscript("cooling-accounts-refused", scenario);
+}
+
+/// Once is enough for both passes.
+TEST(Transcript, OfAccountsRefusedInTheFirstCoolingPass) {
+  Scenario scenario = DistributedCoolingRun();
+  scenario.libraries.accountResults[0] = -6;
+  ExpectTranscript("cooling-accounts-refused-once", scenario);
 }
 
 /// The second pass runs all the same, and its child inherits what the first left open.
@@ -58,6 +82,16 @@ TEST(Transcript, OfACoolingRunWhoseFlowSolverCannotBeStarted) {
   Scenario scenario = SerialCoolingRun();
   scenario.children[0].startError = ERROR_FILE_NOT_FOUND;
   ExpectTranscript("cooling-flow-solver-not-started", scenario);
+}
+
+/// The second pass runs all the same. When its child does not, the first one's identifier still
+/// stands.
+TEST(Transcript, OfASharedMemoryCoolingRunWithoutSolvers) {
+  Scenario scenario = CoolingRun(TaskManager("0", "2", "2"));
+  scenario.children = {{.output = {"Unknown option: -d\r\n"}, .exitCode = 1},
+                       {.startError = ERROR_FILE_NOT_FOUND}};
+  scenario.events = {{{"Sleep", 1}, {CTRL_C_EVENT}}};
+  ExpectTranscript("cooling-shared-memory-without-solvers", scenario);
 }
 
 TEST(Transcript, OfACancelBeforeTheFirstCoolingPass) {

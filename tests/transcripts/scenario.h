@@ -28,7 +28,7 @@ struct Child {
 
 struct FolderEntry {
   std::string path;
-  bool isFolder = false;
+  DWORD attributes = FILE_ATTRIBUTE_ARCHIVE;
 };
 
 struct Scenario {

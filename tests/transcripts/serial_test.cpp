@@ -16,21 +16,25 @@ TEST(Transcript, OfFewerThanTwoArguments) {
 TEST(Transcript, OfASerialRun) {
   Scenario scenario = SerialRun();
   scenario.oldLogs = {{kRunFolder + "\\console_redirect_serial_Flow_2024-01-01_00-00-00.txt"},
-                      {kRunFolder + "\\console_redirect_serial_Flow_folder.txt", true},
+                      {kRunFolder + "\\console_redirect_serial_Flow_folder.txt",
+                       FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_ARCHIVE},
                       {kRunFolder + "\\console_redirect_serial_Pack_2024-01-01_00-00-00.txt"},
                       {kRunFolder + "\\console_redirect_smp_Flow_2024-01-01_00-00-00.txt"},
-                      {kRunFolder + "\\console_redirect_serial_Flow.txt"}};
+                      {kRunFolder + "\\console_redirect_serial_Flow.txt",
+                       FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}};
   ExpectTranscript("serial", scenario);
 }
 
 TEST(Transcript, OfATracedSerialRun) { ExpectTranscript("serial-traced", Traced(SerialRun())); }
 
-/// A chunk with zero bytes, one that fills the buffer, one that does so again, and a code below 0.
+/// A chunk with zero bytes, one that fills the buffer, one that does so again, one of nothing, what
+/// means something to shared-memory runs alone, and a code below 0.
 TEST(Transcript, OfOutputInManyForms) {
   Scenario scenario = SerialRun();
-  scenario.children = {{.output = {std::string("a\0b\0", 4), std::string(4096, 'x'),
-                                   "%s\n" + std::string(4093, 'y'), "\xE4\x80\xFF", "last"},
-                        .exitCode = static_cast<DWORD>(-5)}};
+  scenario.children = {
+      {.output = {std::string("a\0b\0", 4), std::string(4096, 'x'), "%s\n" + std::string(4093, 'y'),
+                  "\xE4\x80\xFF", "", "Unknown option: -d", "last"},
+       .exitCode = static_cast<DWORD>(-5)}};
   ExpectTranscript("serial-output-in-many-forms", scenario);
 }
 
@@ -50,6 +54,19 @@ TEST(Transcript, OfWritesThatTakePieces) {
   Scenario scenario = SerialRun();
   scenario.shortWrites = {{{"WriteFile", 1}, 10}, {{"WriteFile", 3}, 5}, {{"WriteFile", 5}, 0}};
   ExpectTranscript("serial-writes-in-pieces", scenario);
+}
+
+/// Every path is as long as its field takes, but for the logs', which have no limit. Nothing of
+/// them is a format.
+TEST(Transcript, OfTheLongestPaths) {
+  Scenario scenario = SerialRun("QvxFlow%s2.exe");
+  const std::string home = "C:\\%s %n" + std::string(259 - 27, 'h');     // less \Bin\QVXProject.ini
+  const std::string project = "C:\\%s %n" + std::string(259 - 34, 'p');  // less \Analysis\Run03\...
+  scenario.arguments[0] = "L$1*" + home + "*" + project + "*Part*9*3";
+  scenario.libraries.argumentString = " -set %s %n \"a b\" ";
+  const std::string name = "\\console_redirect_serial_ShellFlow_" + std::string(200, 'o') + ".txt";
+  scenario.oldLogs = {{project + "\\Analysis\\Run03" + name}};
+  ExpectTranscript("longest-paths", Traced(scenario));
 }
 
 TEST(Transcript, OfANameThatFitsNoRule) {

@@ -33,11 +33,16 @@ bool NextEntry(WIN32_FIND_DATAA& found, std::string& shown) {
     ++nextEntry;
     const std::string name = entry.path.substr(entry.path.rfind('\\') + 1);
     found = {};
-    // Old files carry the archive bit; a folder is told by its bit alone.
-    found.dwFileAttributes = FILE_ATTRIBUTE_ARCHIVE;
-    if (entry.isFolder) found.dwFileAttributes |= FILE_ATTRIBUTE_DIRECTORY;
+    found.dwFileAttributes = entry.attributes;
     name.copy(found.cFileName, sizeof found.cFileName - 1);
-    shown = std::string(entry.isFolder ? "folder " : "file ") + Quoted(name);
+    const bool isFolder = (entry.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    shown = std::string(isFolder ? "folder " : "file ") + Quoted(name);
+    const DWORD rare = entry.attributes & ~(FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_ARCHIVE);
+    if (rare != 0) {
+      shown += ", " + Flags(rare, {{FILE_ATTRIBUTE_READONLY, "FILE_ATTRIBUTE_READONLY"},
+                                   {FILE_ATTRIBUTE_HIDDEN, "FILE_ATTRIBUTE_HIDDEN"},
+                                   {FILE_ATTRIBUTE_SYSTEM, "FILE_ATTRIBUTE_SYSTEM"}});
+    }
     return true;
   }
   return false;
@@ -47,6 +52,14 @@ bool NextEntry(WIN32_FIND_DATAA& found, std::string& shown) {
 std::string FileRole(HANDLE file) {
   if (file == kStandardOutput) return "standard output";
   return Machine().RoleOf(file);
+}
+
+/// Nothing can be written to what is not; says so by the last-error code.
+bool TakesBytes(HANDLE file) {
+  const OpenHandle* handle = Machine().Find(file);
+  if (file == kStandardOutput || (handle != nullptr && handle->open)) return true;
+  Machine().lastError = ERROR_INVALID_HANDLE;
+  return false;
 }
 
 std::string Done(const Observation& observation) {
@@ -95,10 +108,14 @@ BOOL WINAPI DeleteFileA(LPCSTR path) {
   const Observation observation("DeleteFileA");
   std::vector<FolderEntry>& logs = Machine().logs;
   const auto entry = std::ranges::find(logs, path, &FolderEntry::path);
-  const bool there = entry != logs.end() && !entry->isFolder;
-  if (there && !observation.Fails()) logs.erase(entry);
-  if (!there && !observation.Fails()) Machine().lastError = ERROR_FILE_NOT_FOUND;
-  const bool succeeds = there && !observation.Fails();
+  constexpr DWORD kProtecting = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+  const bool there = entry != logs.end();
+  const bool succeeds = there && (entry->attributes & kProtecting) == 0 && !observation.Fails();
+  if (succeeds) {
+    logs.erase(entry);
+  } else if (!observation.Fails()) {
+    Machine().lastError = there ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND;
+  }
   Record("DeleteFileA(" + Quoted(path) +
          ") = " + (succeeds ? "TRUE" : "FALSE, " + ErrorName(Machine().lastError)));
   return succeeds;
@@ -133,9 +150,11 @@ HANDLE WINAPI CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATT
 
 HANDLE WINAPI GetStdHandle(DWORD which) {
   const Observation observation("GetStdHandle");
-  const HANDLE handle = observation.Fails()          ? INVALID_HANDLE_VALUE
-                        : which == STD_OUTPUT_HANDLE ? kStandardOutput
-                                                     : nullptr;
+  HANDLE handle = which == STD_OUTPUT_HANDLE ? kStandardOutput : nullptr;
+  // A process without standard handles gets null, and no error.
+  if (observation.Fails()) {
+    handle = Machine().lastError == ERROR_SUCCESS ? nullptr : INVALID_HANDLE_VALUE;
+  }
   Record("GetStdHandle(" +
          Choice(which, {{STD_OUTPUT_HANDLE, "STD_OUTPUT_HANDLE"},
                         {STD_ERROR_HANDLE, "STD_ERROR_HANDLE"},
@@ -150,11 +169,8 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written,
   const std::string line = "WriteFile(" + FileRole(file) + ", " + std::to_string(size) + " bytes " +
                            Quoted(std::string_view(static_cast<const char*>(bytes), size)) +
                            (overlapped == nullptr ? "" : ", overlapped") + ") = ";
-  const OpenHandle* handle = Machine().Find(file);
-  const bool open = file == kStandardOutput || (handle != nullptr && handle->open);
   *written = 0;
-  if (!open || observation.Fails()) {
-    if (!observation.Fails()) Machine().lastError = ERROR_INVALID_HANDLE;
+  if (observation.Fails() || !TakesBytes(file)) {
     Record(line + "FALSE, " + ErrorName(Machine().lastError));
     return FALSE;
   }
@@ -167,8 +183,10 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written,
 
 BOOL WINAPI FlushFileBuffers(HANDLE file) {
   const Observation observation("FlushFileBuffers");
-  Record("FlushFileBuffers(" + FileRole(file) + ") = " + Done(observation));
-  return !observation.Fails();
+  const bool succeeds = !observation.Fails() && TakesBytes(file);
+  Record("FlushFileBuffers(" + FileRole(file) +
+         ") = " + (succeeds ? "TRUE" : "FALSE, " + ErrorName(Machine().lastError)));
+  return succeeds;
 }
 
 DWORD WINAPI GetFileType(HANDLE file) {

@@ -152,15 +152,27 @@ BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value) {
 
 void WINAPI GetLocalTime(LPSYSTEMTIME time) {
   const Observation observation("GetLocalTime");
-  *time = {.wYear = 2024,
-           .wMonth = 3,
-           .wDayOfWeek = 2,
-           .wDay = 5,
-           .wHour = 9,
-           .wMinute = 7,
-           .wSecond = 2,
-           .wMilliseconds = 45};
-  Record("GetLocalTime() = year 2024, month 3, Tuesday, day 5, 9:7:2.045");
+  if (Machine().CallsOf("GetLocalTime") == 1) {
+    *time = {.wYear = 2024,
+             .wMonth = 3,
+             .wDayOfWeek = 2,
+             .wDay = 5,
+             .wHour = 9,
+             .wMinute = 7,
+             .wSecond = 2,
+             .wMilliseconds = 45};
+    Record("GetLocalTime() = year 2024, month 3, Tuesday, day 5, 9:7:2.045");
+  } else {
+    *time = {.wYear = 2024,
+             .wMonth = 11,
+             .wDayOfWeek = 4,
+             .wDay = 14,
+             .wHour = 21,
+             .wMinute = 38,
+             .wSecond = 56,
+             .wMilliseconds = 789};
+    Record("GetLocalTime() = year 2024, month 11, Thursday, day 14, 21:38:56.789");
+  }
 }
 
 void WINAPI Sleep(DWORD milliseconds) {

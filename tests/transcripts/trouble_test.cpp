@@ -85,6 +85,13 @@ TEST(Transcript, OfAConsoleThatIsNotThere) {
   ExpectTranscript("no-console", scenario);
 }
 
+/// Nor an invalid handle: a process may be without standard handles altogether.
+TEST(Transcript, OfNoStandardOutput) {
+  Scenario scenario = SmpRun();
+  scenario.failures = {{{"GetStdHandle", 1}, ERROR_SUCCESS}};
+  ExpectTranscript("no-standard-output", scenario);
+}
+
 TEST(Transcript, OfARefusedConsoleControlHandler) {
   Scenario scenario = SerialRun();
   scenario.failures = {{{"SetConsoleCtrlHandler", 1}, ERROR_INVALID_PARAMETER}};

@@ -71,6 +71,9 @@ TEST(RemoveLeadingSpaces, TakesSpacesFromTheStartOnly) {
   char tab[] = "\t a";
   RemoveLeadingSpaces(tab);
   EXPECT_STREQ(tab, "\t a");
+  char otherBlanks[] = "\r\n\v\f a";
+  RemoveLeadingSpaces(otherBlanks);
+  EXPECT_STREQ(otherBlanks, "\r\n\v\f a");
   char spaces[] = "   ";
   RemoveLeadingSpaces(spaces);
   EXPECT_STREQ(spaces, "");

@@ -58,6 +58,13 @@ TEST(ClassifySolver, FollowsTheRulesInTheirOrder) {
   EXPECT_EQ(ClassLineOf("QuorvexFakeSolver.exe"), "SolverClass=FLOW");
 }
 
+TEST(ClassifySolver, LooksForTheWholeTextOfARuleAndNoMore) {
+  EXPECT_EQ(ClassLineOf("Icps.exe"), "SolverClass=IC");
+  EXPECT_EQ(ClassLineOf("My3DIcPs.exe"), "SolverClass=IC");
+  EXPECT_EQ(ClassLineOf("Optics"), "SolverClass=OPTICS");
+  EXPECT_EQ(ClassLineOf("fake"), "SolverClass=FLOW");
+}
+
 TEST(ClassifySolver, LetsTheEarlierRuleDecide) {
   EXPECT_EQ(ClassLineOf("Qvx3DFlowCool.exe"), "SolverClass=FLOW");
   EXPECT_EQ(ClassLineOf("CoolPack.exe"), "SolverClass=SHELLPACK");
@@ -112,6 +119,7 @@ TEST(MoldingType, IsTheNumberBehindTheMarker) {
   EXPECT_EQ(moldingType("L.exe$3"), 3);
   EXPECT_EQ(moldingType("launcher$12345678"), 1234567);
   EXPECT_EQ(moldingType("a$ -2$9"), -2);
+  EXPECT_EQ(moldingType("C:\\$5\\L.exe$3"), 5);
   EXPECT_EQ(moldingType("a$x"), 0);
   EXPECT_EQ(moldingType("a$"), 0);
 }
@@ -273,6 +281,12 @@ TEST(Tokens, FillTheRecordsWithoutOptions) {
   const Interpreted optics = Interpret({"L$1", "h*p*n*5*6", "QvxOptics.exe"});
   EXPECT_STREQ(optics.context->opticsArgument.runNumber, "6");
   EXPECT_STREQ(optics.context->homeFolder, "h");
+}
+
+TEST(Tokens, ArePartedByStarsAlone) {
+  const Interpreted result = Interpret({"L$1", " C:\\My Home;x|y\t*p", "Qvx3DFlow.exe"});
+  EXPECT_STREQ(result.context->homeFolder, " C:\\My Home;x|y\t");
+  EXPECT_STREQ(result.context->flowArgument.projectDirectory, "p");
 }
 
 TEST(Tokens, AreNeverEmpty) {

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <initializer_list>
 #include <new>
+#include <span>
 #include <vector>
 
 namespace qvx {
@@ -44,13 +46,22 @@ TEST(LauncherContext, BuildsItsObjectsInAFixedOrder) {
   EXPECT_TRUE(std::is_sorted(members.begin(), members.end()));
 }
 
+struct Text {
+  std::span<const char> field;
+  std::size_t width;
+};
+
+void ExpectEmpty(std::initializer_list<Text> texts) {
+  for (const auto& [field, width] : texts) {
+    EXPECT_EQ(field.size(), width);
+    EXPECT_EQ(field.front(), '\0');
+  }
+}
+
 TEST(LauncherContext, StartsWithEmptyTextsOfTheirWidths) {
   BuiltContext built;
   LauncherContext& context = *built;
-  const struct {
-    std::span<const char> text;
-    std::size_t width;
-  } texts[] = {
+  ExpectEmpty({
       {context.solverExecutableName, 64},
       {context.savedSolverExecutableName, 64},
       {context.cmxPath, 260},
@@ -63,11 +74,7 @@ TEST(LauncherContext, StartsWithEmptyTextsOfTheirWidths) {
       {context.redirectLogScratch, 32768},
       {context.parallelFolderName, 260},
       {context.mpiInstallationPath, 260},
-  };
-  for (const auto& [text, width] : texts) {
-    EXPECT_EQ(text.size(), width);
-    EXPECT_EQ(text.front(), '\0');
-  }
+  });
 }
 
 TEST(LauncherContext, StartsWithNumbersAndFlagsOfZero) {
@@ -83,23 +90,34 @@ TEST(LauncherContext, StartsWithNumbersAndFlagsOfZero) {
 TEST(LauncherContext, StartsWithEmptySettings) {
   BuiltContext built;
   const TaskManagerSettings& tasks = (*built).taskManagerSettings;
-  for (const char* text :
-       {tasks.Version, tasks.IDTaskMode, tasks.flagAccelerationType, tasks.ValueNoTask,
-        tasks.ValueLocalNoTask, tasks.ValueConsoleRedirection}) {
-    EXPECT_STREQ(text, "");
-  }
+  ExpectEmpty({
+      {tasks.Version, 32},
+      {tasks.IDTaskMode, 32},
+      {tasks.flagAccelerationType, 32},
+      {tasks.ValueNoTask, 32},
+      {tasks.ValueLocalNoTask, 32},
+      {tasks.ValueConsoleRedirection, 32},
+  });
   const RemoteMachineSettings& remote = (*built).remoteMachineSettings;
-  for (const char* text :
-       {remote.Version, remote.ValueNoMachine, remote.ValueRemoteNoTask, remote.ValueMap,
-        remote.ValueShareFolderName, remote.ValueParallelWorkingFolder, remote.ValueLocalHost,
-        remote.ValueStorageNode}) {
-    EXPECT_STREQ(text, "");
-  }
+  ExpectEmpty({
+      {remote.Version, 32},
+      {remote.ValueNoMachine, 32},
+      {remote.ValueRemoteNoTask, 32},
+      {remote.ValueMap, 32},
+      {remote.ValueShareFolderName, 260},
+      {remote.ValueParallelWorkingFolder, 260},
+      {remote.ValueLocalHost, 32},
+      {remote.ValueStorageNode, 32},
+  });
   EXPECT_TRUE(remote.machines.empty());
+  const MachineEntry machine;
+  ExpectEmpty({{machine.hostName, 32}, {machine.taskCount, 32}, {machine.weighting, 32}});
   const MultiShotSettings& shot = (*built).multiShotSettings;
-  for (const char* text : {shot.Version, shot.ValueShotProjectPath, shot.ValueShotProjectName}) {
-    EXPECT_STREQ(text, "");
-  }
+  ExpectEmpty({
+      {shot.Version, 32},
+      {shot.ValueShotProjectPath, 1024},
+      {shot.ValueShotProjectName, 1024},
+  });
   EXPECT_EQ(shot.FlagPrevShot, 0);
   EXPECT_EQ(shot.ValueShotRunID, 0);
   EXPECT_EQ(shot.FlagPrevShotProject, 0);

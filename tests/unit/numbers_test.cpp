@@ -29,6 +29,7 @@ TEST(ParseInteger, StopsAtTheLimitsOf32Bits) {
 TEST(ParseDecimal, ReadsFractionsAndGivesZeroForOtherText) {
   EXPECT_EQ(ParseDecimal("0.6"), 0.6);
   EXPECT_EQ(ParseDecimal("-2.5e1 x"), -25.0);
+  EXPECT_EQ(ParseDecimal(" \t+.5E+1"), 5.0);
   EXPECT_EQ(ParseDecimal("NULL"), 0.0);
   EXPECT_EQ(ParseDecimal(""), 0.0);
 }

@@ -108,6 +108,12 @@ TEST_F(ParallelSettings, SharedMemoryRunsGiveEveryTaskTheSameWeight) {
   }
 }
 
+TEST_F(ParallelSettings, WeightsHaveTheirFullPrecision) {
+  SetTasks("3");
+  Prepare(SolverClass::Flow, ComputeMode::Smp);
+  EXPECT_EQ(WeightsOf(context.flowArgument), (std::vector<double>(3, 1.0 / 3)));
+}
+
 TEST_F(ParallelSettings, ASharedMemoryRunOfOneTaskHasAWeightToo) {
   SetTasks("1");
   Prepare(SolverClass::Flow, ComputeMode::Smp);

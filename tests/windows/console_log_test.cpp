@@ -8,7 +8,10 @@
 
 #include "support/bounded_text.h"
 #include "tests/support/expect_fault.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/launch_fixture.h"
+
+extern "C" void* __imp_WriteFile;
 
 namespace qvx {
 namespace {
@@ -68,6 +71,19 @@ TEST_F(LogWriter, RefusesANullHandle) {
 
 TEST_F(LogWriter, ReportsAWriteThatFails) {
   EXPECT_EQ(WriteLog(context, Open(GENERIC_READ), "text"), 0);
+}
+
+/// Takes two bytes once; every later write fails.
+BOOL WINAPI TakeTwoBytesOnce(HANDLE, LPCVOID, DWORD, LPDWORD written, LPOVERLAPPED) {
+  static int calls = 0;
+  *written = calls == 0 ? 2 : 0;
+  return ++calls == 1;
+}
+
+TEST_F(LogWriter, ReportsARestThatCannotBeWritten) {
+  const HANDLE log = Open(GENERIC_WRITE);
+  const test::ImportPatch patch(&__imp_WriteFile, reinterpret_cast<void*>(&TakeTwoBytesOnce));
+  EXPECT_EQ(WriteLog(context, log, "text"), 0);
 }
 
 TEST_F(LogWriter, TakesATextAsLongAsItsScratchTextAndNoLongerOne) {

@@ -72,6 +72,14 @@ TEST_F(MpiInstallationPath, MayMakeAPathOfImpiexecTooLong) {
                "ERROR: impiexec.exe path is too long: width 260, length 260");
 }
 
+TEST(MpiCommand, RefusesASolverPathThatIsTooLong) {
+  LauncherContext context;
+  CopyText(context.solverExecutableName, "solver executable name", "Solver.exe");
+  const std::string home(260 - std::string("\\Bin\\Solver.exe").size(), 'h');
+  EXPECT_FAULT(PrepareMpiCommand(context, MpiProcesses{"", home.c_str()}),
+               "ERROR: solver path is too long: width 260, length 260");
+}
+
 TEST(MpiCommand, CreatesTheUsersConfigurationFolder) {
   const std::filesystem::path product =
       std::filesystem::path(std::getenv("APPDATA")) / "NelvornSystem";
@@ -110,6 +118,14 @@ TEST_F(ParallelFolderName, IsTheProjectIniFilesValueUpTo259Characters) {
   EXPECT_EQ(ReadFrom("[Configuration]\r\nOther=1\r\n"), "");
   EXPECT_EQ(ReadFrom("[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=" + std::string(300, 'q')),
             std::string(259, 'q'));
+}
+
+TEST(ProjectIniFile, IsRefusedWhenItsPathIsTooLong) {
+  LauncherContext context;
+  const std::string home(260 - std::string("\\Bin\\QVXProject.ini").size(), 'h');
+  CopyText(context.homeFolder, "home folder", home);
+  EXPECT_FAULT(ReadParallelFolderName(context),
+               "ERROR: project ini file is too long: width 260, length 260");
 }
 
 /// The classes that can be distributed have a home folder, which the accounts are read from; for

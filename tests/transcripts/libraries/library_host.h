@@ -10,7 +10,7 @@ struct LibraryAnswers {
   const char* argumentString = "-set 1 -run";
   /// Null for no text. The default has letters that neither ASCII nor a wrong conversion can carry.
   const wchar_t* mpiConfiguration = L"-genv Ort M\u00FCnchen\u2013\u6771";
-  int accountResult = 5;
+  int accountResults[2] = {5, 5};  ///< one for each conversion
   int conversionResult = 5;
   int utf8Result = -1;  ///< the text is there all the same
 };

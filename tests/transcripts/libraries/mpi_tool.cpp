@@ -8,14 +8,24 @@
 using qvx::test::host;
 using qvx::test::Operation;
 
-CQVXMPITool::CQVXMPITool() { host->construct(this, "MPI tool"); }
+namespace {
+
+int conversions = 0;  // of the present run
+
+}  // namespace
+
+CQVXMPITool::CQVXMPITool() {
+  conversions = 0;
+  host->construct(this, "MPI tool");
+}
 CQVXMPITool::~CQVXMPITool() { host->destroy(this); }
 
 int CQVXMPITool::ConvertAcc2RegistryForIntelMPI(const wchar_t* folder, bool flag) {
   Operation operation(this, "ConvertAcc2RegistryForIntelMPI");
+  const int result = host->answers->accountResults[conversions++ % 2];
   operation.Add(std::string("(") + host->quoteWide(folder) + ", " + (flag ? "true" : "false") +
-                ") = " + std::to_string(host->answers->accountResult));
-  return host->answers->accountResult;
+                ") = " + std::to_string(result));
+  return result;
 }
 
 const wchar_t* CQVXMPITool::GetIntelMPIConfigurationStringForMpiexec(const wchar_t* folder) {

@@ -1,5 +1,6 @@
 // QVXUnicodeTool.dll of the transcripts. Its ANSI code page is ISO 8859-1, so that no machine's
-// setting shows in a transcript.
+// setting shows in a transcript; but on its way back a letter becomes two, for texts can change
+// their length there.
 #include <algorithm>
 #include <cstring>
 #include <cwchar>
@@ -57,14 +58,20 @@ int CQVXUnicodeTool::Utf16ToAnsi(const wchar_t* utf16, char* ansi, int capacity)
   Operation operation(this, "Utf16ToAnsi");
   operation.Add(std::string("(") + host->quoteWide(utf16) + ", " + std::to_string(capacity) +
                 " bytes)");
-  const auto length = static_cast<int>(std::wcslen(utf16));
-  if (length >= capacity) {
+  std::string text;
+  for (; *utf16 != 0; ++utf16) {
+    if (*utf16 == L'\u00E4') {
+      text += "ae";
+    } else {
+      text += static_cast<char>(*utf16);
+    }
+  }
+  if (text.size() >= static_cast<std::size_t>(capacity)) {
     *ansi = 0;
     operation.Add(Result(-1));
     return -1;
   }
-  std::transform(utf16, utf16 + length + 1, ansi,
-                 [](wchar_t unit) { return static_cast<char>(unit); });
+  std::strcpy(ansi, text.c_str());
   operation.Add(Result(host->answers->conversionResult) + ", " + host->quote(ansi));
   return host->answers->conversionResult;
 }
