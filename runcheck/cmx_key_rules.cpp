@@ -24,12 +24,6 @@ const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
   return nullptr;
 }
 
-const CmxKey* FindSimilar(const CmxSection& section, std::string_view name) {
-  std::vector<std::string_view> names;
-  for (const CmxKey& key : section.keys) names.push_back(key.name);
-  return FindKey(section, MostSimilar(name, names));
-}
-
 std::string WithoutInvisible(std::string_view text) {
   std::string plain(text);
   std::erase_if(plain, [](char c) { return TrimmedOfInvisible({&c, 1}).empty(); });
@@ -103,8 +97,8 @@ class KeyRules {
       return "a key of this section is written " + std::string(key.name);
     };
     if (const CmxKey* key = FindKey(Section(), WithoutInvisible(setting.key))) {
-      Add(Diagnostic("cmx-key-blank",
-                     "an invisible character stands beside " + std::string(key->name))
+      Add(Diagnostic("cmx-key-blank", WithArticle(NameOfInvisible(setting.rawKey)) +
+                                          " stands beside " + std::string(key->name))
               .Suggest(std::string(key->name), written_as(*key)),
           *key, setting, setting.value);
     } else if (key = FindInAnyCase(Section(), setting.key); key != nullptr) {
@@ -117,7 +111,7 @@ class KeyRules {
                      written + " is a key of " + std::string(other->name) + ", not of " + section)
               .Suggest(std::string(other->name), "it is moved into " + std::string(other->name))
               .At(KeyRange(facts_.File(), setting), setting.line->whole));
-    } else if (key = FindSimilar(Section(), setting.key); key != nullptr) {
+    } else if (key = FindSimilarKey(Section(), setting.key); key != nullptr) {
       Add(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
               .As(kWarning)
               .Suggest(std::string(key->name), written_as(*key)),
@@ -224,7 +218,7 @@ class KeyRules {
         add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
       }
     } else if (&Section() == &kRemoteMachinesSection) {
-      // One behind the blocks is taken into a block; the blocks' own rules speak of it.
+      // One after the blocks is taken into a block; the blocks' own rules speak of it.
       const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
         return setting.key == "ValueNoMachine";
       });
@@ -243,6 +237,16 @@ class KeyRules {
 };
 
 }  // namespace
+
+const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name) {
+  std::vector<std::string_view> names;
+  for (const CmxKey& key : section.keys) names.push_back(key.name);
+  if (const CmxKey* key = FindKey(section, MostSimilar(name, names))) return key;
+  const auto isMeant = [&](const CmxKey& key) { return IsShortened(name, key.name); };
+  if (std::ranges::count_if(section.keys, isMeant) != 1) return nullptr;
+  const CmxKey& only = *std::ranges::find_if(section.keys, isMeant);
+  return name.size() * 2 >= only.name.size() ? &only : nullptr;
+}
 
 void CheckKeys(const CmxFacts& facts, Diagnostics& found) {
   for (const SectionReading& reading : facts.Readings()) {

@@ -89,7 +89,7 @@ class MachineRules {
     for (const LineRole role : {LineRole::Machine, LineRole::Weighting}) {
       const SettingLine* opener = Opener(role);
       if (opener == nullptr || opener->line->number > count->line->number) continue;
-      Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind " + opener->key), *count);
+      Add(Diagnostic("machine-count-late", "ValueNoMachine stands after " + opener->key), *count);
       return false;
     }
     if (!IsPlainNumber(count->value)) {
@@ -106,7 +106,7 @@ class MachineRules {
   void CheckTakenCount() {
     for (const SettingLine& setting : reading_.settings) {
       if (setting.key != "ValueNoMachine") continue;
-      Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind a block, which takes it"),
+      Add(Diagnostic("machine-count-late", "ValueNoMachine stands after a block, which takes it"),
           setting);
       return;
     }
@@ -131,14 +131,19 @@ class MachineRules {
     const SettingLine* count = reading_.Find("ValueNoMachine");
     const SettingLine* opener = Opener(role);
     if (opener == nullptr) {
-      const bool isMisspelt = std::ranges::any_of(reading_.settings, [&](const SettingLine& line) {
-        return line.role == LineRole::Setting && line.hasEquals &&
-               IsSimilar(line.key, isMachine ? "ValueMachineSetting" : "ValueMachineWeighting");
+      const char* meant = isMachine ? "ValueMachineSetting" : "ValueMachineWeighting";
+      // Misspelt, or taken by the other block.
+      const bool isTold = std::ranges::any_of(reading_.settings, [&](const SettingLine& line) {
+        if (line.role != LineRole::Setting) return line.key == meant;
+        if (FindKey(*reading_.section, line.key) != nullptr) return false;
+        const CmxKey* key = FindSimilarKey(*reading_.section, line.key);
+        return key != nullptr && key->name == meant;
       });
-      if (isMisspelt) return false;
+      if (isTold) return false;
       Add(Diagnostic(code, isMachine ? "there is no line ValueMachineSetting"
                                      : "there is no line ValueMachineWeighting")
-              .Because(isMachine ? "the machines would have no names" : "all weights would be 0"),
+              .Because(isMachine ? "the machines would have no names" : "all weights would be 0")
+              .Help("the line " + std::string(meant) + " opens the block"),
           *count);
       return false;
     }
@@ -169,7 +174,7 @@ class MachineRules {
   /// A block that takes the line which would have opened the other one.
   static bool TakesAnOpener(const SettingLine& entry) { return entry.key == "ValueMachineSetting"; }
 
-  /// Lines behind the block that were meant for it.
+  /// Lines after the block that were meant for it.
   bool CheckRest(LineRole role, const std::vector<const SettingLine*>& entries) {
     const bool isMachine = role == LineRole::Machine;
     std::size_t more = 0;
@@ -234,10 +239,11 @@ class MachineRules {
     if (IsHostName(host)) return;
     const std::string clean(TrimmedOfInvisible(host));
     const bool isBlank = IsHostName(clean);
-    Diagnostic diagnostic("machine-host",
-                          isBlank ? "a blank stands beside the host name " + clean
-                                  : (host.empty() ? std::string("the host name is empty")
-                                                  : host + " is no host name"));
+    Diagnostic diagnostic(
+        "machine-host",
+        isBlank
+            ? WithArticle(NameOfInvisible(host)) + " stands beside the host name " + clean
+            : (host.empty() ? std::string("the host name is empty") : host + " is no host name"));
     diagnostic.Grave(!isBlank);
     if (isBlank) diagnostic.Suggest(clean, "the name is written " + clean);
     Add(diagnostic, entry);
@@ -257,15 +263,17 @@ class MachineRules {
   void CheckWeightings() {
     const std::vector<const SettingLine*> entries = EntriesOf(LineRole::Weighting);
     double sum = 0;
+    bool areNumbers = true;
     for (const SettingLine* entry : entries) {
       if (!LooksLikeEntry(*entry, LineRole::Weighting)) return;
       std::string value = entry->value.substr(0, entry->value.find(' '));
       // Tabs around a number do no harm.
       value.erase(0, std::min(value.find_first_not_of('\t'), value.size()));
       value.erase(value.find_last_not_of('\t') + 1);
-      if (!CheckWeighting(*entry, value)) return;
+      areNumbers = CheckWeighting(*entry, value) && areNumbers;
       sum += ParseDecimal(value.c_str());
     }
+    if (!areNumbers) return;
     // Each weighting may be rounded to two decimals.
     const double rounding = 0.005 * static_cast<double>(entries.size()) + 1e-9;
     if (entries.empty() || entries.size() != static_cast<std::size_t>(count_)) return;
@@ -273,14 +281,19 @@ class MachineRules {
     Add(Diagnostic("weighting-sum", "the weightings add up to " + Decimal(sum)), *entries.back());
   }
 
-  /// False for one that is no number.
+  /// False for one that is no number above 0.
   bool CheckWeighting(const SettingLine& entry, const std::string& value) {
     const bool isDecimal = !value.empty() &&
                            value.find_first_not_of("0123456789.eE+-") == std::string::npos &&
                            value.find_first_of("0123456789") != std::string::npos;
-    if (isDecimal && ParseDecimal(value.c_str()) >= 0) return true;
+    const double weighting = ParseDecimal(value.c_str());
+    if (isDecimal && weighting > 0) return true;
     Diagnostic diagnostic("weighting-value",
                           (value.empty() ? "the weighting is empty" : value + " is no weighting"));
+    if (isDecimal && weighting == 0) {
+      diagnostic.summary = "the weighting is " + value;
+      diagnostic.Because("the solver would get the weight 0 for each process of this machine");
+    }
     std::string point = value;
     std::ranges::replace(point, ',', '.');
     if (point != value && ParseDecimal(point.c_str()) > 0) {

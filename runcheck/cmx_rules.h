@@ -22,6 +22,8 @@ bool IsTagLike(const CmxFacts& facts, const CmxLine& line);
 
 /// Keys: unknown, misspelt, elsewhere, twice, missing.
 void CheckKeys(const CmxFacts& facts, Diagnostics& found);
+/// What a misspelt or shortened key was meant to be; null for none.
+const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name);
 
 /// Values: blanks, comments and quotation marks around them, numbers that are none.
 void CheckValues(const CmxFacts& facts, Diagnostics& found);

@@ -109,7 +109,7 @@ std::string DiagnosticText(const Diagnostic& diagnostic, const TextStyle& style)
             std::to_string(range.start.column) + ": ";
   }
   std::string heading = place + severity + " " + Shown(diagnostic.summary);
-  // What follows stands behind what is wrong where it stops or spoils the run.
+  // What follows stands after what is wrong where it stops or spoils the run.
   if (diagnostic.severity == Severity::Error) heading += ": " + diagnostic.consequence;
   heading += " [" + std::string(diagnostic.code) + "]";
   heading = Wrapped(heading, style.width, 4);

@@ -117,6 +117,9 @@ void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile
                    Diagnostics& found) {
   // The solvers that always run serially have their own use for it; the launcher has none.
   const bool isRead = !AlwaysRunsSerially(call.family);
+  if (!isRead && (LooksLikePath(places.name) || places.name.find('"') != std::string::npos)) {
+    return;  // told with the call
+  }
   const FileKind kind = KindOf(places.cmxPath);
   const bool isReadable = kind == FileKind::File && ReadFileStart(places.cmxPath, 1).has_value();
   if (isReadable && !cmx.bytes.empty()) return;
@@ -172,7 +175,8 @@ void CheckRunPlaces(const CallFacts& call, const RunPlaces& places, const CmxFil
   if (isSwapped) {
     found.push_back(Diagnostic("call-token-order", "the home folder " + places.home +
                                                        " is a project and the project directory " +
-                                                       places.project + " an installation"));
+                                                       places.project + " an installation")
+                        .Grave());
     return;
   }
   CheckFolder("home-folder", "home folder", places.home, "Bin", found);
@@ -193,7 +197,9 @@ void CheckMachine(const Prediction& prediction, Diagnostics& found) {
   }
   const MultiShotSettings& shot = prediction.context->multiShotSettings;
   const std::string path = shot.ValueShotProjectPath;
-  if (shot.FlagPrevShot != 0 && path.empty()) {
+  if (prediction.fault) {
+    // The settings are read as far as it.
+  } else if (shot.FlagPrevShot != 0 && path.empty()) {
     found.push_back(
         Diagnostic("previous-shot", "FlagPrevShot is set and ValueShotProjectPath is empty"));
   } else if (shot.FlagPrevShot != 0 && KindOf(path) != FileKind::Folder) {
