@@ -129,11 +129,11 @@ std::string MachinesText(const Report& report, const TextStyle& style) {
 /// What keeps a run from its start; other errors make it another run than meant.
 bool PreventsStart(const Diagnostic& diagnostic) {
   constexpr std::string_view kCodes[] = {
-      "wrong-call",      "call-arguments",     "call-solver",         "text-too-long",
-      "cannot-allocate", "home-folder",        "solver-file",         "solver-path",
-      "solver-program",  "library-missing",    "library-failed",      "account-file",
-      "mpi-path",        "mpi-launcher",       "command-line-length", "task-count",
-      "call-separator",  "call-unquoted-blank"};
+      "wrong-call",      "call-arguments",      "call-solver",         "text-too-long",
+      "cannot-allocate", "home-folder",         "solver-file",         "solver-path",
+      "solver-program",  "library-missing",     "library-failed",      "account-file",
+      "mpi-path",        "mpi-launcher",        "command-line-length", "task-count",
+      "call-separator",  "call-unquoted-blank", "call-first-argument"};
   return diagnostic.severity == Severity::Error &&
          std::ranges::find(kCodes, diagnostic.code) != std::end(kCodes);
 }

@@ -58,10 +58,10 @@ TEST_F(RunCheckCall, ABlankWithoutQuotationMarksCutsTheTokens) {
   EXPECT_EQ(status, 1);
 }
 
-TEST_F(RunCheckCall, AMissingTokenLeavesTheRunNumberEmpty) {
+TEST_F(RunCheckCall, AMissingTokenIsNamed) {
   EXPECT_EQ(
       FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*01"),
-      "error: the token list holds 4 of 5 tokens: the run number is missing: the launcher would "
+      "error: the token list holds 4 of 5 tokens: the option is missing: the launcher would "
       "leave the fields empty and look in other folders [call-tokens]\n"
       "    help: the tokens are home folder, project directory, project name, option, run number\n"
       "\n"

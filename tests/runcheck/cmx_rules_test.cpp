@@ -1168,21 +1168,20 @@ TEST(CmxRules, AMissingMachineBlock) {
 }
 
 TEST(CmxRules, AMissingWeightingBlock) {
-  EXPECT_EQ(
-      Found("<TASKMANAGER>\n"
-            "IDTaskMode = 1\n"
-            "</TASKMANAGER>\n"
-            "<REMOTE_MACHINES>\n"
-            "ValueNoMachine = 1\n"
-            "ValueShareFolderName = Projects\n"
-            "ValueParallelWorkingFolder = C:\\Projects\n"
-            "ValueLocalHost = NODE1\n"
-            "ValueMachineSetting\n"
-            "1 = NODE1\t2\n"
-            "</REMOTE_MACHINES>\n"),
-      "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
-      "    5 | ValueNoMachine = 1\n"
-      "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
+  EXPECT_EQ(Found("<TASKMANAGER>\n"
+                  "IDTaskMode = 1\n"
+                  "</TASKMANAGER>\n"
+                  "<REMOTE_MACHINES>\n"
+                  "ValueNoMachine = 1\n"
+                  "ValueShareFolderName = Projects\n"
+                  "ValueParallelWorkingFolder = C:\\Projects\n"
+                  "ValueLocalHost = NODE1\n"
+                  "ValueMachineSetting\n"
+                  "1 = NODE1\t2\n"
+                  "</REMOTE_MACHINES>\n"),
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "    5 | ValueNoMachine = 1\n"
+            "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
 }
 
 TEST(CmxRules, AMissingMachineCount) {
