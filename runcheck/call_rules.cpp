@@ -14,6 +14,11 @@ namespace {
 constexpr const char* kTokenNames[] = {"home folder", "project directory", "project name", "option",
                                        "run number"};
 
+/// `text` without `clean`, which stands in it.
+std::string Around(std::string text, const std::string& clean) {
+  return text.erase(text.find(clean), clean.size());
+}
+
 bool IsInteger(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   return IsPlainNumber(text);
@@ -236,21 +241,26 @@ bool CheckTokenOrder(const CallFacts& facts, bool leadsToARun, Diagnostics& foun
   return true;
 }
 
-/// True when there are none.
-bool CheckBlanks(const CallFacts& facts, Diagnostics& found) {
-  const std::size_t before = found.size();
-  const auto check = [&](const std::string& what, const std::string& text) {
+/// True when none moves the run elsewhere.
+bool CheckBlanks(const CallFacts& facts, bool leadsToARun, Diagnostics& found) {
+  bool areHarmless = true;
+  const auto check = [&](const std::string& what, const std::string& text, bool isHarmless) {
     const std::string clean(TrimmedOfInvisible(text));
     if (clean == text || clean.empty()) return;
-    found.push_back(Diagnostic("call-blank", "a blank stands beside the " + what + " " + clean)
+    found.push_back(Diagnostic("call-blank", WithArticle(NameOfInvisible(Around(text, clean))) +
+                                                 " stands beside the " + what + " " + clean)
+                        .Grave(!isHarmless)
                         .Suggest(clean, "it is written " + clean));
+    areHarmless = areHarmless && isHarmless;
   };
   for (std::size_t i = 0; i < std::min<std::size_t>(facts.tokens.size(), kTokenCount); ++i) {
     // Numbers are read with blanks before them.
-    if (i != kOption) check(kTokenNames[i], facts.tokens[i]);
+    if (i != kOption) check(kTokenNames[i], facts.tokens[i], i == kName && leadsToARun);
   }
-  if (facts.arguments.size() > 2) check("solver", facts.solver);
-  return found.size() == before;
+  // The system takes blanks off a path's end.
+  const bool isBefore = facts.solver.starts_with(' ') || !facts.solver.ends_with(' ');
+  if (facts.arguments.size() > 2) check("solver", facts.solver, !isBefore);
+  return areHarmless;
 }
 
 void CheckOption(const CallFacts& facts, Diagnostics& found) {
@@ -360,7 +370,7 @@ bool CheckCall(const CallFacts& facts, Diagnostics& found, bool leadsToARun) {
   CheckArgumentCount(facts, found);
   if (facts.arguments.size() < 3 && !IsShortShellForm(facts)) return false;
   CheckSolverName(facts, found);
-  const bool hasNoBlanks = CheckBlanks(facts, found);
+  const bool hasNoBlanks = CheckBlanks(facts, leadsToARun, found);
   if (CheckForm(facts, found) || CheckSeparator(facts, found)) return false;
   if (!CheckTokenCount(facts, found)) return false;
   const bool isOrdered = CheckTokenOrder(facts, leadsToARun, found);

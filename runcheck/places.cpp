@@ -117,9 +117,10 @@ void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile
                    Diagnostics& found) {
   // The solvers that always run serially have their own use for it; the launcher has none.
   const bool isRead = !AlwaysRunsSerially(call.family);
-  if (!isRead && (LooksLikePath(places.name) || places.name.find('"') != std::string::npos)) {
-    return;  // told with the call
-  }
+  const bool isNameTold = LooksLikePath(places.name) ||
+                          TrimmedOfInvisible(places.name) != places.name ||
+                          places.name.find('"') != std::string::npos;
+  if (!isRead && isNameTold) return;
   const FileKind kind = KindOf(places.cmxPath);
   const bool isReadable = kind == FileKind::File && ReadFileStart(places.cmxPath, 1).has_value();
   if (isReadable && !cmx.bytes.empty()) return;

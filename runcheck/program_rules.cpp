@@ -99,7 +99,7 @@ class ProgramRules {
       diagnostic.Because(pass.IsUnderMpi() ? "the MPI process launcher would not start it"
                                            : "the launcher would stop with -1");
       const std::string name = pass.solverPath.substr(bin.size() + 1);
-      if (TrimmedOfInvisible(name).empty()) return;  // told with the call
+      if (name.empty() || TrimmedOfInvisible(name) != name) return;  // told with the call
       const std::vector<std::string> names = NamesMatching(bin + "\\*.exe");
       std::vector<std::string_view> views(names.begin(), names.end());
       if (const std::string_view meant = MostSimilar(name, views); !meant.empty()) {
@@ -150,6 +150,7 @@ class ProgramRules {
 
   /// False when there is no folder to look into.
   bool CheckRegistry(const std::string& folder) {
+    constexpr std::size_t kMostBytes = kPathWidth - sizeof "\\impiexec.exe";
     const MpiPathValue value = LookUpMpiPathValue();
     const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem";
     std::string wrong;
@@ -159,9 +160,9 @@ class ProgramRules {
       wrong = "the registry holds no value IntelMPI_InstallPath in " + key;
     } else if (!value.isText || (value.isExpandable && folder.find('%') != std::string::npos)) {
       wrong = "IntelMPI_InstallPath is no plain text (REG_SZ)";
-    } else if (value.size > sizeof Context().mpiInstallationPath) {
-      wrong = "IntelMPI_InstallPath has " + std::to_string(value.size) + " bytes, more than " +
-              std::to_string(sizeof Context().mpiInstallationPath);
+    } else if (value.size > kPathWidth) {
+      wrong = "IntelMPI_InstallPath is too long: " + std::to_string(kMostBytes) +
+              " bytes fit, it has " + std::to_string(value.size - 1);
     } else if (folder.empty()) {
       wrong = "IntelMPI_InstallPath is empty";
     } else if (folder.find('"') != std::string::npos) {

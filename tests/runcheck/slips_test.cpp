@@ -123,13 +123,41 @@ TEST_F(RunCheckSlips, AnOptionThatIsAPathMovesNothing) {
   EXPECT_EQ(status, 0);
 }
 
-TEST_F(RunCheckSlips, ABlankBehindTheSolver) {
+TEST_F(RunCheckSlips, ABlankBehindTheSolverIsTakenOffByTheSystem) {
   EXPECT_EQ(FindingsFor(kRun, "Qvx3DFlow.exe "),
-            "error: a blank stands beside the solver Qvx3DFlow.exe: the launcher would take the "
-            "blank as part of the name [call-blank]\n"
+            "warning: a blank stands beside the solver Qvx3DFlow.exe [call-blank]\n"
+            "    help: it is written Qvx3DFlow.exe\n"
+            "\n"
+            "1 warning: this run would start.\n");
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(RunCheckSlips, ABlankBeforeTheSolver) {
+  EXPECT_EQ(FindingsFor(kRun, " Qvx3DFlow.exe"),
+            "error: a blank stands beside the solver Qvx3DFlow.exe: the launcher would take it as "
+            "part of the name [call-blank]\n"
             "    help: it is written Qvx3DFlow.exe\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckSlips, ATabBehindAToken) {
+  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample\t*Sample*3*01"),
+            "error: a tab stands beside the project directory <site>\\Work\\Sample: the launcher "
+            "would take it as part of the name [call-blank]\n"
+            "    help: it is written <site>\\Work\\Sample\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckSlips, ABlankBehindANameThatNothingIsReadBy) {
+  site.InstallSolver("QvxOptics.exe");
+  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample *3*01", "QvxOptics.exe"),
+            "warning: a blank stands beside the project name Sample [call-blank]\n"
+            "    help: it is written Sample\n"
+            "\n"
+            "1 warning: this run would start.\n");
+  EXPECT_EQ(status, 0);
 }
 
 TEST_F(RunCheckSlips, AHomeFolderThatIsNotSimilar) {
@@ -234,22 +262,23 @@ TEST_F(RunCheckSlips, TasksBeyondTheMemory) {
 TEST_F(RunCheckSlips, AnMpiFolderThatIsTooLong) {
   site.WriteCmx(kSmpFile);
   mpiPath.Set("C:\\" + std::string(257, 'm'));
-  EXPECT_EQ(Findings(),
-            "error: IntelMPI_InstallPath has 261 bytes, more than 260: the launcher would stop "
-            "with -1 [mpi-path]\n"
-            "    help: IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a "
-            "text, the folder of impiexec.exe\n"
-            "\n"
-            "1 error: this run would not start.\n");
+  EXPECT_EQ(
+      Findings(),
+      "error: IntelMPI_InstallPath is too long: 246 bytes fit, it has 260: the launcher would stop "
+      "with -1 [mpi-path]\n"
+      "    help: IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a "
+      "text, the folder of impiexec.exe\n"
+      "\n"
+      "1 error: this run would not start.\n");
 }
 
 TEST_F(RunCheckSlips, AnMpiFolderThatJustFits) {
   site.WriteCmx(kSmpFile);
-  mpiPath.Set("C:\\" + std::string(256, 'm'));
-  EXPECT_EQ(Replaced(Findings(), std::string(256, 'm'), "<m>"),
-            "error: impiexec.exe path is too long: width 260, length 272: the launcher would end "
-            "with -2 [text-too-long]\n"
-            "    help: it is shortened to less than the width\n"
+  mpiPath.Set("C:\\" + std::string(243, 'm'));
+  EXPECT_EQ(Replaced(Findings(), std::string(243, 'm'), "<m>"),
+            "error: C:\\<m>\\impiexec.exe does not exist: the launcher would stop with -1 "
+            "[mpi-launcher]\n"
+            "    help: IntelMPI_InstallPath names the folder that holds impiexec.exe\n"
             "\n"
             "1 error: this run would not start.\n");
 }
