@@ -46,6 +46,8 @@ class KeyRules {
 
   void Check() {
     for (const SettingLine& setting : reading_.settings) {
+      // What comes after the next tag of a section that is never closed belongs elsewhere.
+      if (reading_.isOpen && IsOtherTag(setting.line->text)) break;
       if (setting.role != LineRole::Setting || setting.key.empty()) continue;
       if (FindKey(*reading_.section, setting.key) != nullptr) continue;
       if (IsTagLike(facts_, *setting.line) || IsComment(setting.line->text)) continue;
@@ -73,6 +75,8 @@ class KeyRules {
         return true;
       case KeyUse::Flag:
         return &Section() == &kSolidCoolSection && Cleaned(value) == "1";
+      case KeyUse::Tasks:
+        return facts_.IsSharedMemory();
       default:
         return false;
     }
@@ -121,6 +125,10 @@ class KeyRules {
       found_.push_back(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
                            .At(KeyRange(facts_.File(), setting), setting.line->whole));
     }
+  }
+
+  bool IsOtherTag(std::string_view text) const {
+    return text.starts_with('<') && text.ends_with('>') && text != OpeningTag(Section());
   }
 
   /// A line of a block that is over or was never opened: the block's own rules speak of it.
@@ -246,6 +254,14 @@ const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name) {
   if (std::ranges::count_if(section.keys, isMeant) != 1) return nullptr;
   const CmxKey& only = *std::ranges::find_if(section.keys, isMeant);
   return name.size() * 2 >= only.name.size() ? &only : nullptr;
+}
+
+bool IsKeyTold(const Diagnostics& found, std::string_view key) {
+  return std::ranges::any_of(found, [&](const Diagnostic& diagnostic) {
+    return diagnostic.code.starts_with("cmx-") &&
+           (diagnostic.summary.starts_with(key) ||
+            diagnostic.suggestion.value_or("").starts_with(key));
+  });
 }
 
 void CheckKeys(const CmxFacts& facts, Diagnostics& found) {

@@ -41,9 +41,9 @@ class MachineRules {
   void Check() {
     if (!CheckCount()) return;
     const bool machinesFit = CheckBlock(LineRole::Machine);
-    CheckBlock(LineRole::Weighting);
+    const bool weightingsFit = CheckBlock(LineRole::Weighting);
     if (machinesFit) CheckMachines();
-    CheckWeightings();
+    CheckWeightings(weightingsFit);
   }
 
  private:
@@ -114,7 +114,10 @@ class MachineRules {
 
   /// A line that a person would write into a block.
   bool LooksLikeEntry(const SettingLine& setting, LineRole role) const {
-    if (FindKey(*reading_.section, setting.key) != nullptr || IsTagLike(facts_, *setting.line)) {
+    const std::string_view text = TrimmedOfInvisible(setting.line->text);
+    const bool isRemark = text.starts_with(';') || text.starts_with('#') || text.starts_with("//");
+    if (isRemark || FindKey(*reading_.section, setting.key) != nullptr ||
+        IsTagLike(facts_, *setting.line)) {
       return false;
     }
     if (!setting.hasEquals) {
@@ -132,14 +135,9 @@ class MachineRules {
     const SettingLine* opener = Opener(role);
     if (opener == nullptr) {
       const char* meant = isMachine ? "ValueMachineSetting" : "ValueMachineWeighting";
-      // Misspelt, or taken by the other block.
-      const bool isTold = std::ranges::any_of(reading_.settings, [&](const SettingLine& line) {
-        if (line.role != LineRole::Setting) return line.key == meant;
-        if (FindKey(*reading_.section, line.key) != nullptr) return false;
-        const CmxKey* key = FindSimilarKey(*reading_.section, line.key);
-        return key != nullptr && key->name == meant;
-      });
-      if (isTold) return false;
+      const bool isTaken = std::ranges::any_of(
+          reading_.settings, [&](const SettingLine& line) { return line.key == meant; });
+      if (isTaken || IsKeyTold(found_, meant)) return false;
       Add(Diagnostic(code, isMachine ? "there is no line ValueMachineSetting"
                                      : "there is no line ValueMachineWeighting")
               .Because(isMachine ? "the machines would have no names" : "all weights would be 0")
@@ -174,7 +172,8 @@ class MachineRules {
   /// A block that takes the line which would have opened the other one.
   static bool TakesAnOpener(const SettingLine& entry) { return entry.key == "ValueMachineSetting"; }
 
-  /// Lines after the block that were meant for it.
+  /// Lines after the block that were meant for it. Machines that are dropped leave the others as
+  /// they are, weightings have another sum.
   bool CheckRest(LineRole role, const std::vector<const SettingLine*>& entries) {
     const bool isMachine = role == LineRole::Machine;
     std::size_t more = 0;
@@ -199,7 +198,7 @@ class MachineRules {
                          .Because("the launcher would drop " + Counted(more, "line") + " of it")
                          .Suggest(have, "ValueNoMachine is the number of lines in both blocks")
                          .At(LineRange(facts_.File(), *first->line), first->line->whole));
-    return true;
+    return isMachine;
   }
 
   void CheckMachines() {
@@ -254,13 +253,15 @@ class MachineRules {
     if (IsPlainNumber(clean) && ParseInteger(clean.c_str()) > 0) return;
     Diagnostic diagnostic("machine-tasks",
                           host + " has " + (clean.empty() ? "no" : clean) + " tasks");
-    if (ParseInteger(clean.c_str()) > 0) {
+    if (IsPlainNumber(host) && IsHostName(clean)) {
+      diagnostic.summary = "the tasks stand before the host in " + host + " " + clean;
+    } else if (ParseInteger(clean.c_str()) > 0) {
       diagnostic.Because("the MPI process launcher would be given it as it stands");
     }
     Add(diagnostic, entry);
   }
 
-  void CheckWeightings() {
+  void CheckWeightings(bool areAll) {
     const std::vector<const SettingLine*> entries = EntriesOf(LineRole::Weighting);
     double sum = 0;
     bool areNumbers = true;
@@ -273,7 +274,7 @@ class MachineRules {
       areNumbers = CheckWeighting(*entry, value) && areNumbers;
       sum += ParseDecimal(value.c_str());
     }
-    if (!areNumbers) return;
+    if (!areNumbers || !areAll) return;
     // Each weighting may be rounded to two decimals.
     const double rounding = 0.005 * static_cast<double>(entries.size()) + 1e-9;
     if (entries.empty() || entries.size() != static_cast<std::size_t>(count_)) return;

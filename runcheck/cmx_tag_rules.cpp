@@ -28,10 +28,13 @@ std::optional<NearTag> CrowdedTagOf(const CmxFacts& facts, std::string_view writ
   const std::size_t start = written.find_first_not_of("</\\ \t");
   if (start == std::string_view::npos) return std::nullopt;
   const std::size_t end = std::min(written.find_first_of(" \t/>", start), written.size());
+  const bool isAlone = written.find_first_not_of(" \t/\\>", end) == std::string_view::npos;
+  if (isAlone) return std::nullopt;
   const std::string name = AsciiLower(written.substr(start, end - start));
   for (const SectionReading& reading : facts.Readings()) {
     if (name != AsciiLower(reading.section->name)) continue;
-    return NearTag{&reading, written.substr(0, start).find('/') != std::string_view::npos, false,
+    return NearTag{&reading,
+                   written.substr(0, start).find_first_of("/\\") != std::string_view::npos, false,
                    written.substr(0, kLongestTag)};
   }
   return std::nullopt;

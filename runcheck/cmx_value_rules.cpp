@@ -216,7 +216,7 @@ void CheckTasks(const CmxFacts& facts, Diagnostics& found) {
   if (tasks == nullptr || tasks->openings.empty() || facts.IsDistributed()) return;
   const SettingLine* count = tasks->Find("ValueNoTask");
   if (facts.IsSharedMemory()) {
-    if (count != nullptr) return;
+    if (count != nullptr || IsKeyTold(found, "ValueNoTask")) return;
     const CmxLine& opening = *tasks->openings.back();
     found.push_back(Diagnostic("task-count", "TASKMANAGER holds no ValueNoTask")
                         .At(LineRange(facts.File(), opening), opening.whole));

@@ -5,6 +5,7 @@
 
 #include "launcher/lower_case_name.h"
 #include "runcheck/call_facts.h"
+#include "runcheck/cmx_rules.h"
 #include "runcheck/similar_name.h"
 
 namespace qvx::runcheck {
@@ -39,12 +40,7 @@ class ShareRules {
 
   /// True when a line that was meant to set `key` is told already.
   bool IsTold(std::string_view key) const {
-    return reading_.Find(key) == nullptr &&
-           std::ranges::any_of(found_, [&](const Diagnostic& diagnostic) {
-             return diagnostic.code.starts_with("cmx-") &&
-                    (diagnostic.summary.starts_with(key) ||
-                     diagnostic.suggestion.value_or("").starts_with(key));
-           });
+    return reading_.Find(key) == nullptr && IsKeyTold(found_, key);
   }
 
   /// What stands around a value is told where the value stands.
