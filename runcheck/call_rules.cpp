@@ -144,8 +144,10 @@ bool CheckForm(const CallFacts& facts, Diagnostics& found) {
 
 bool CheckSeparator(const CallFacts& facts, Diagnostics& found) {
   if (facts.tokens.size() > 1) return false;
-  for (const char separator : {';', '|', ',', '+', '\t'}) {
+  for (const char separator : {';', '|', ',', '+', '\t', '/'}) {
     if (std::ranges::count(facts.tokenSource, separator) < 3) continue;
+    // Slashes may be those of a path.
+    if (separator == '/' && facts.tokenSource.find('\\') == std::string_view::npos) continue;
     std::string right(facts.tokenSource);
     std::ranges::replace(right, separator, '*');
     found.push_back(
@@ -275,6 +277,7 @@ void CheckOption(const CallFacts& facts, Diagnostics& found) {
 bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
   const std::string run(TrimmedOfInvisible(facts.Token(kRun)));
   if (run.empty() || IsInteger(run)) return true;
+  if (run.find('"') != std::string::npos) return false;  // has its own rule
   Diagnostic diagnostic("run-number", "the run number is " + run + ", no number");
   if (facts.isShell) {
     diagnostic.Grave().Because("the launcher would take the folder Run" +

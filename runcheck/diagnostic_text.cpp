@@ -9,28 +9,6 @@ namespace {
 constexpr std::size_t kGutter = 5;
 constexpr std::size_t kLongestMarker = 60;
 
-/// Breaks `text` at blanks so that no line is longer than the terminal is wide; later lines begin
-/// with `indent` blanks.
-std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {
-  std::string wrapped;
-  std::size_t column = 0;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find(' ', start), text.size());
-    const std::size_t length = end - start;
-    if (width > 0 && column > indent && column + 1 + length > width) {
-      wrapped += "\n" + std::string(indent, ' ');
-      column = indent;
-    } else if (start > 0) {
-      wrapped += ' ';
-      ++column;
-    }
-    wrapped.append(text, start, length);
-    column += length;
-    start = end + 1;
-  }
-  return wrapped;
-}
-
 std::string Shown(std::string_view line) {
   std::string shown(line);
   std::ranges::replace_if(
@@ -94,6 +72,26 @@ const char* ColourOf(Severity severity) {
     default:
       return kCyan;
   }
+}
+
+std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+  std::string wrapped;
+  std::size_t column = 0;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find(' ', start), text.size());
+    const std::size_t length = end - start;
+    if (width > 0 && column > indent && column + 1 + length > width) {
+      wrapped += "\n" + std::string(indent, ' ');
+      column = indent;
+    } else if (start > 0) {
+      wrapped += ' ';
+      ++column;
+    }
+    wrapped.append(text, start, length);
+    column += length;
+    start = end + 1;
+  }
+  return wrapped;
 }
 
 std::string Coloured(const TextStyle& style, const char* colour, const std::string& text) {

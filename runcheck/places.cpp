@@ -47,21 +47,25 @@ bool CheckFolder(Code code, const char* what, const std::string& folder, const c
   // A blank or mark around it is told with the call.
   if (folder.empty() || TrimmedOfInvisible(folder) != folder) return false;
   Diagnostic diagnostic(code, "");
+  const auto suggestAbove = [&] {
+    // One that lies within it was meant to be it.
+    const std::size_t at = (AsciiLower(folder) + "\\").find("\\" + AsciiLower(inside) + "\\");
+    if (at == std::string::npos) return;
+    diagnostic.Suggest(folder.substr(0, at), "it is written " + folder.substr(0, at));
+  };
   if (!IsAbsolutePath(folder)) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is relative";
     diagnostic.Because("the launcher would look below the folder that it is started in");
+    if (folder.starts_with('%')) diagnostic.Help("a variable between % is not replaced here");
   } else if (const FileKind kind = KindOf(folder); kind == FileKind::Missing) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " does not exist";
     AddNeighbour(folder, diagnostic);
   } else if (kind == FileKind::File) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is a file";
+    suggestAbove();
   } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " holds no folder " + inside;
-    // One that lies within it was meant to be it.
-    const std::size_t at = (AsciiLower(folder) + "\\").find("\\" + AsciiLower(inside) + "\\");
-    if (at != std::string::npos) {
-      diagnostic.Suggest(folder.substr(0, at), "it is written " + folder.substr(0, at));
-    }
+    suggestAbove();
   } else {
     return true;
   }

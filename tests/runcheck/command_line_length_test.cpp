@@ -18,9 +18,7 @@ std::string FoundFor(std::size_t length) {
   return found.empty() ? "" : DiagnosticText(found.front(), {});
 }
 
-TEST(CommandLineLength, TheLogTakes32751Characters) {
-  EXPECT_EQ(FoundFor(32751), "");
-}
+TEST(CommandLineLength, TheLogTakes32751Characters) { EXPECT_EQ(FoundFor(32751), ""); }
 
 TEST(CommandLineLength, TheLogTakesNoMore) {
   EXPECT_EQ(

@@ -297,5 +297,23 @@ TEST_F(RunCheckSlips, APreviousShotThatIsTooLongIsSaidOnce) {
             "1 error: this run would not start.\n");
 }
 
+TEST_F(RunCheckSlips, QuotationMarksAroundTheTokensAreSaidOnce) {
+  EXPECT_EQ(FindingsFor("\"" + std::string(kRun) + "\""), "@@");
+}
+
+TEST_F(RunCheckSlips, SlashesBetweenTheTokens) {
+  EXPECT_EQ(FindingsFor("C:\\Q/C:\\P\\S/S/0/01"), "@@");
+}
+
+TEST_F(RunCheckSlips, AProjectDirectoryThatIsAFileOfIt) {
+  EXPECT_EQ(
+      FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis\\Run01\\Sample01.cmx*Sample*0*01"),
+      "@@");
+}
+
+TEST_F(RunCheckSlips, AVariableForTheHomeFolder) {
+  EXPECT_EQ(FindingsFor("%HOME%*<site>\\Work\\Sample*Sample*0*01"), "@@");
+}
+
 }  // namespace
 }  // namespace qvx::test
