@@ -139,6 +139,9 @@ void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile
     diagnostic.Because("the solver would not find it");
   }
   if (kind == FileKind::Missing) AddCmxNeighbours(places, diagnostic);
+  if (kind == FileKind::File && !isReadable) {
+    diagnostic.Help("its rights, or a program that holds it, keep it from being read");
+  }
   found.push_back(diagnostic);
 }
 
