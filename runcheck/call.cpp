@@ -66,10 +66,14 @@ Call ParseCall(const std::vector<std::string>& arguments) {
   const std::unique_ptr<CLI::App> app = MakeApp(call);
   call.wrong = ParseWords(*app, options);
   if (!call.wrong.empty()) {
-    const bool hasTokens = std::ranges::any_of(options, [](const std::string& option) {
+    const auto first = std::ranges::find_if(options, [](const std::string& option) {
       return option.find_first_of("*$") != std::string::npos;
     });
-    if (hasTokens) call.wrong += "; what the launcher would be started with stands behind --";
+    if (first != options.end()) {
+      call.wrong = *first +
+                   " stands without -- before it: what the launcher is started with "
+                   "stands behind --";
+    }
     return call;
   }
   if (!call.help && !call.version) call.wrong = WrongCombination(call);

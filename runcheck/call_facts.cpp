@@ -42,6 +42,10 @@ CallFacts FactsOf(std::vector<std::string> arguments) {
   return facts;
 }
 
+bool LooksLikePath(std::string_view text) {
+  return text.find_first_of("\\/:") != std::string_view::npos;
+}
+
 bool IsAbsolutePath(std::string_view path) {
   if (path.size() >= 2 && IsSlash(path[0]) && IsSlash(path[1])) return true;
   const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };

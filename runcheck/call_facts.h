@@ -43,6 +43,9 @@ constexpr bool TakesOption(SolverClass solverClass) {
          IsShell(solverClass);
 }
 
+/// Holds a character that no file name does.
+bool LooksLikePath(std::string_view text);
+
 /// "C:\..." or "\\..."; forward slashes count too.
 bool IsAbsolutePath(std::string_view path);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "runcheck/call.h"
 #include "runcheck/cmx_facts.h"
 #include "runcheck/similar_name.h"
 #include "support/numbers.h"
@@ -13,17 +14,17 @@ namespace {
 constexpr const char* kTokenNames[] = {"home folder", "project directory", "project name", "option",
                                        "run number"};
 
+/// `text` without `clean`, which stands in it.
+std::string Around(std::string text, const std::string& clean) {
+  return text.erase(text.find(clean), clean.size());
+}
+
 bool IsInteger(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   return IsPlainNumber(text);
 }
 
 std::ptrdiff_t Stars(std::string_view text) { return std::ranges::count(text, '*'); }
-
-bool LooksLikePath(std::string_view text) {
-  return text.find('\\') != std::string_view::npos || text.find(':') != std::string_view::npos ||
-         text.find('/') != std::string_view::npos;
-}
 
 /// True for the shell form without a second argument of its own: the name alone stands there.
 bool IsShortShellForm(const CallFacts& facts) {
@@ -39,6 +40,38 @@ bool IsCutByBlank(const CallFacts& facts) {
   return Stars(facts.arguments[1]) < 4 && Stars(joined) >= 4;
 }
 
+/// The launcher's own name and its `$` are left out.
+bool IsFirstMissing(const CallFacts& facts) {
+  return facts.arguments.size() == 2 && !facts.isShell && Stars(facts.arguments[0]) >= 3 &&
+         Stars(facts.arguments[1]) == 0;
+}
+
+/// Each token is an argument of its own.
+bool AreTokensApart(const CallFacts& facts) {
+  const std::vector<std::string>& arguments = facts.arguments;
+  return arguments.size() > kTokenCount && LooksLikePath(arguments[1]) &&
+         LooksLikePath(arguments[2]) &&
+         std::ranges::all_of(arguments, [](const std::string& one) { return Stars(one) == 0; });
+}
+
+Diagnostic TokensApart(const CallFacts& facts) {
+  const auto tokens = facts.arguments.begin() + 1;
+  std::string list;
+  for (auto token = tokens; token != tokens + kTokenCount; ++token) {
+    list += (list.empty() ? "" : "*") + *token;
+  }
+  std::vector<std::string> call = {facts.arguments[0], list};
+  call.insert(call.end(), tokens + kTokenCount, facts.arguments.end());
+  if (call.size() > 2 && FactsOf(call).isShell) {
+    call[0] += "*" + list;
+    call[1] = "-";
+  }
+  const std::string right = CommandLineOf(call);
+  return Diagnostic("call-separator", "the 5 tokens stand in 5 arguments, not in one")
+      .Because("the launcher would take the first of them as the whole list")
+      .Suggest(right, "they stand in one argument, separated by *: " + right);
+}
+
 void CheckArgumentCount(const CallFacts& facts, Diagnostics& found) {
   const std::size_t count = facts.arguments.size();
   if (count == 2 && !IsShortShellForm(facts)) {
@@ -49,11 +82,18 @@ void CheckArgumentCount(const CallFacts& facts, Diagnostics& found) {
   }
 }
 
-bool CheckQuotationMarks(const CallFacts& facts, Diagnostics& found) {
+/// True when a mark keeps the tokens from being what they were meant to be.
+bool CheckQuotationMarks(const CallFacts& facts, bool leadsToARun, Diagnostics& found) {
   for (const std::string& argument : facts.arguments) {
     if (argument.find('"') == std::string::npos) continue;
-    found.push_back(Diagnostic("call-quotation-mark", argument + " holds a quotation mark"));
-    return true;
+    Diagnostic diagnostic("call-quotation-mark", argument + " holds a quotation mark");
+    if (leadsToARun) {
+      diagnostic.Because("the launcher would hand it on as it stands");
+    } else {
+      diagnostic.Grave();
+    }
+    found.push_back(diagnostic);
+    return !leadsToARun;
   }
   return false;
 }
@@ -104,8 +144,10 @@ bool CheckForm(const CallFacts& facts, Diagnostics& found) {
 
 bool CheckSeparator(const CallFacts& facts, Diagnostics& found) {
   if (facts.tokens.size() > 1) return false;
-  for (const char separator : {';', '|', ',', '+', '\t'}) {
+  for (const char separator : {';', '|', ',', '+', '\t', '/'}) {
     if (std::ranges::count(facts.tokenSource, separator) < 3) continue;
+    // Slashes may be those of a path.
+    if (separator == '/' && facts.tokenSource.find('\\') == std::string_view::npos) continue;
     std::string right(facts.tokenSource);
     std::ranges::replace(right, separator, '*');
     found.push_back(
@@ -116,6 +158,21 @@ bool CheckSeparator(const CallFacts& facts, Diagnostics& found) {
     return true;
   }
   return false;
+}
+
+/// Which of the tokens is missing, as far as the four others tell it.
+std::string MissingToken(const CallFacts& facts) {
+  const std::vector<std::string>& tokens = facts.tokens;
+  if (tokens.size() != kTokenCount - 1) return "";
+  const auto is = [](const std::string& token) { return ": the " + token + " is missing"; };
+  const bool hasPaths = LooksLikePath(tokens[0]) && LooksLikePath(tokens[1]);
+  if (!hasPaths && LooksLikePath(tokens[0])) return is("home folder or the project directory");
+  if (!hasPaths) return ": one of the 5 is missing";
+  if (!IsInteger(tokens[3])) return is("run number");
+  if (IsInteger(tokens[2])) return is("project name");
+  // Run numbers are written with a zero, options are not.
+  return is(tokens[3].starts_with('0') && tokens[3].size() > 1 ? "option"
+                                                               : "option or the run number");
 }
 
 /// True when the tokens can be taken for what they are.
@@ -139,8 +196,7 @@ bool CheckTokenCount(const CallFacts& facts, Diagnostics& found) {
   }
   if (count < kTokenCount) {
     found.push_back(Diagnostic("call-tokens", "the token list holds " + std::to_string(count) +
-                                                  " of 5 tokens: the " + kTokenNames[count] +
-                                                  " is missing"));
+                                                  " of 5 tokens" + MissingToken(facts)));
     return false;
   }
   const std::size_t most = facts.isShell ? 8 : 5;
@@ -154,50 +210,59 @@ bool CheckTokenCount(const CallFacts& facts, Diagnostics& found) {
   return true;
 }
 
-/// True when every token can be what its place says.
-bool CheckTokenOrder(const CallFacts& facts, Diagnostics& found) {
+/// True when every token can be what its place says, or the run comes through nevertheless.
+bool CheckTokenOrder(const CallFacts& facts, bool leadsToARun, Diagnostics& found) {
+  const auto add = [&](const std::string& summary) {
+    Diagnostic diagnostic("call-token-order", summary);
+    if (leadsToARun) {
+      diagnostic.Because("the launcher would hand it on as it stands");
+    } else {
+      diagnostic.Grave();
+    }
+    found.push_back(diagnostic);
+    return leadsToARun;
+  };
   const std::string wrong =
       LooksLikePath(facts.Token(kName))     ? "the project name is " + facts.Token(kName)
       : LooksLikePath(facts.Token(kOption)) ? "the option is " + facts.Token(kOption)
       : LooksLikePath(facts.Token(kRun))    ? "the run number is " + facts.Token(kRun)
                                             : "";
-  if (!wrong.empty()) {
-    found.push_back(Diagnostic("call-token-order", wrong + ", a path"));
-    return false;
-  }
-  // A number where the name belongs and a name behind it.
+  if (!wrong.empty()) return add(wrong + ", a path");
+  // A number where the name belongs and a name after it.
   const bool nameIsLate = IsInteger(facts.Token(kName)) && !IsInteger(facts.Token(kOption));
   const bool runIsEarly = !IsInteger(facts.Token(kRun)) && IsInteger(facts.Token(kOption)) &&
                           facts.Token(kOption).size() > 1 && facts.Token(kOption).starts_with('0');
   if (nameIsLate && !IsInteger(facts.Token(kRun))) {
-    found.push_back(Diagnostic("call-token-order", "the project name is " + facts.Token(kName) +
-                                                       " and the option is " +
-                                                       facts.Token(kOption)));
-  } else if (runIsEarly) {
-    found.push_back(Diagnostic(
-        "call-token-order",
-        "the option is " + facts.Token(kOption) + " and the run number is " + facts.Token(kRun)));
-  } else {
-    return true;
+    return add("the project name is " + facts.Token(kName) + " and the option is " +
+               facts.Token(kOption));
   }
-  return false;
+  if (runIsEarly) {
+    return add("the option is " + facts.Token(kOption) + " and the run number is " +
+               facts.Token(kRun));
+  }
+  return true;
 }
 
-/// True when there are none.
-bool CheckBlanks(const CallFacts& facts, Diagnostics& found) {
-  const std::size_t before = found.size();
-  const auto check = [&](const std::string& what, const std::string& text) {
+/// True when none moves the run elsewhere.
+bool CheckBlanks(const CallFacts& facts, bool leadsToARun, Diagnostics& found) {
+  bool areHarmless = true;
+  const auto check = [&](const std::string& what, const std::string& text, bool isHarmless) {
     const std::string clean(TrimmedOfInvisible(text));
     if (clean == text || clean.empty()) return;
-    found.push_back(Diagnostic("call-blank", "a blank stands beside the " + what + " " + clean)
+    found.push_back(Diagnostic("call-blank", WithArticle(NameOfInvisible(Around(text, clean))) +
+                                                 " stands beside the " + what + " " + clean)
+                        .Grave(!isHarmless)
                         .Suggest(clean, "it is written " + clean));
+    areHarmless = areHarmless && isHarmless;
   };
   for (std::size_t i = 0; i < std::min<std::size_t>(facts.tokens.size(), kTokenCount); ++i) {
     // Numbers are read with blanks before them.
-    if (i != kOption) check(kTokenNames[i], facts.tokens[i]);
+    if (i != kOption) check(kTokenNames[i], facts.tokens[i], i == kName && leadsToARun);
   }
-  if (facts.arguments.size() > 2) check("solver", facts.solver);
-  return found.size() == before;
+  // The system takes blanks off a path's end.
+  const bool isBefore = facts.solver.starts_with(' ') || !facts.solver.ends_with(' ');
+  if (facts.arguments.size() > 2) check("solver", facts.solver, !isBefore);
+  return areHarmless;
 }
 
 void CheckOption(const CallFacts& facts, Diagnostics& found) {
@@ -212,6 +277,7 @@ void CheckOption(const CallFacts& facts, Diagnostics& found) {
 bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
   const std::string run(TrimmedOfInvisible(facts.Token(kRun)));
   if (run.empty() || IsInteger(run)) return true;
+  if (run.find('"') != std::string::npos) return false;  // has its own rule
   Diagnostic diagnostic("run-number", "the run number is " + run + ", no number");
   if (facts.isShell) {
     diagnostic.Grave().Because("the launcher would take the folder Run" +
@@ -242,6 +308,11 @@ bool IsWordIc(std::string_view name) {
 void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
   if (facts.arguments.size() < 3) return;
   const std::string& solver = facts.solver;
+  if (TrimmedOfInvisible(solver).empty()) {
+    found.push_back(Diagnostic("call-solver", "the solver's name is empty")
+                        .Because("the launcher would find no solver and stop with -1"));
+    return;
+  }
   if (LooksLikePath(solver)) {
     const std::string name = solver.substr(solver.find_last_of("\\/:") + 1);
     found.push_back(Diagnostic("solver-path", "the solver " + solver + " holds a path")
@@ -275,7 +346,15 @@ void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
 
 }  // namespace
 
-bool CheckCall(const CallFacts& facts, Diagnostics& found) {
+bool CheckCall(const CallFacts& facts, Diagnostics& found, bool leadsToARun) {
+  if (IsFirstMissing(facts)) {
+    found.push_back(Diagnostic("call-first-argument", "the first argument is missing"));
+    return false;
+  }
+  if (AreTokensApart(facts)) {
+    found.push_back(TokensApart(facts));
+    return false;
+  }
   if (IsCutByBlank(facts)) {
     found.push_back(Diagnostic("call-unquoted-blank",
                                "a blank cuts the token list behind " + facts.arguments[1]));
@@ -284,19 +363,20 @@ bool CheckCall(const CallFacts& facts, Diagnostics& found) {
   if (facts.arguments.size() == 3 && Stars(facts.arguments[1]) == 0 &&
       Stars(facts.arguments[2]) >= 3) {
     found.push_back(Diagnostic("call-token-order", "the solver stands before the token list")
+                        .Grave()
                         .Because("the launcher would take the one for the other")
                         .Help("a call is FIRST_ARGUMENT TOKENS SOLVER"));
     return false;
   }
-  const bool hasMarks = CheckQuotationMarks(facts, found);
+  const bool hasMarks = CheckQuotationMarks(facts, leadsToARun, found);
   CheckMoldingType(facts, found);
   CheckArgumentCount(facts, found);
   if (facts.arguments.size() < 3 && !IsShortShellForm(facts)) return false;
   CheckSolverName(facts, found);
-  const bool hasNoBlanks = CheckBlanks(facts, found);
+  const bool hasNoBlanks = CheckBlanks(facts, leadsToARun, found);
   if (CheckForm(facts, found) || CheckSeparator(facts, found)) return false;
   if (!CheckTokenCount(facts, found)) return false;
-  const bool isOrdered = CheckTokenOrder(facts, found);
+  const bool isOrdered = CheckTokenOrder(facts, leadsToARun, found);
   CheckOption(facts, found);
   const bool hasRunNumber = CheckRunNumber(facts, found);
   return isOrdered && !hasMarks && hasNoBlanks && hasRunNumber;

@@ -38,7 +38,7 @@ class RunCheck {
 
     Diagnostics& found = check_.report.diagnostics;
     found = CheckCmxFile(facts);
-    const bool tokensAreMeant = CheckCall(call_, found);
+    const bool tokensAreMeant = CheckCall(call_, found, LeadsToARun(places));
     const bool isTooLong = CheckFault(facts, found);
     found.insert(found.end(), libraries.begin(), libraries.end());
     if (tokensAreMeant && !isTooLong) CheckRunPlaces(call_, places, facts.File(), found);
@@ -54,6 +54,13 @@ class RunCheck {
   }
 
  private:
+  /// True when everything is there that the launcher needs, however the call looks.
+  bool LeadsToARun(const RunPlaces& places) const {
+    return KindOf(places.home + "\\Bin") == FileKind::Folder &&
+           KindOf(places.runFolder) == FileKind::Folder &&
+           (AlwaysRunsSerially(call_.family) || KindOf(places.cmxPath) == FileKind::File);
+  }
+
   /// What ends the launcher, unless a rule over the lines has told it with its place. True for a
   /// text of the call that is too long.
   bool CheckFault(const CmxFacts& facts, Diagnostics& found) const {
@@ -80,15 +87,21 @@ class RunCheck {
 
   static Diagnostic CannotAllocate(const CmxFacts& facts, const ThrownFault& fault) {
     Diagnostic diagnostic("cannot-allocate", fault.message);
-    const bool isMachines = fault.field == "ValueNoMachine";
-    const SectionReading* reading =
-        facts.Reading(isMachines ? kRemoteMachinesSection : kTaskManagerSection);
-    const SettingLine* count =
-        reading == nullptr ? nullptr : reading->Find(isMachines ? "ValueNoMachine" : "ValueNoTask");
-    if (count != nullptr && (isMachines || !facts.IsDistributed())) {
+    if (const SettingLine* count = CountTooLarge(facts, fault)) {
       diagnostic.At(ValueRange(facts.File(), *count), count->line->whole);
     }
     return diagnostic;
+  }
+
+  /// The line that asks for it; null when none does alone.
+  static const SettingLine* CountTooLarge(const CmxFacts& facts, const ThrownFault& fault) {
+    const bool isMachines = fault.field == "ValueNoMachine";
+    const bool isRemote = isMachines || facts.IsDistributed();
+    const SectionReading* reading =
+        facts.Reading(isRemote ? kRemoteMachinesSection : kTaskManagerSection);
+    if (reading == nullptr) return nullptr;
+    if (!isRemote) return reading->Find("ValueNoTask");
+    return isMachines ? reading->Find("ValueNoMachine") : reading->MostTasks();
   }
 
   void Describe(const RunPlaces& places, const CmxFacts& facts) {

@@ -56,6 +56,17 @@ std::string_view TrimmedOfInvisible(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kInvisible) - first + 1);
 }
 
+std::string NameOfInvisible(std::string_view text) {
+  std::string invisible(text);
+  std::erase_if(invisible, [](char c) { return kInvisible.find(c) == std::string_view::npos; });
+  if (invisible.find_first_not_of(' ') == std::string::npos) return "blank";
+  return invisible.find_first_not_of(" \t") == std::string::npos ? "tab" : "invisible character";
+}
+
+std::string WithArticle(const std::string& thing) {
+  return (thing.starts_with('i') ? "an " : "a ") + thing;
+}
+
 std::string Cleaned(std::string_view value) {
   value = TrimmedOfInvisible(value);
   while (!value.empty() && (value.front() == '=' || value.front() == ':')) {

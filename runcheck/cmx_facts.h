@@ -53,6 +53,13 @@ std::string Cleaned(std::string_view value);
 /// Tabs, no-break spaces, carriage returns and other bytes that look like nothing; spaces too.
 std::string_view TrimmedOfInvisible(std::string_view text);
 
+/// What is invisible in `text`: "blank", "tab" or "invisible character"; blanks beside tabs do not
+/// count.
+std::string NameOfInvisible(std::string_view text);
+
+/// "a tab", "an invisible character"
+std::string WithArticle(const std::string& thing);
+
 /// Digits alone, at most ten.
 bool IsPlainNumber(std::string_view text);
 

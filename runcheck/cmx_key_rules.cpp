@@ -27,12 +27,6 @@ const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
   return nullptr;
 }
 
-const CmxKey* FindSimilar(const CmxSection& section, std::string_view name) {
-  std::vector<std::string_view> names;
-  for (const CmxKey& key : section.keys) names.push_back(key.name);
-  return FindKey(section, MostSimilar(name, names));
-}
-
 std::string WithoutInvisible(std::string_view text) {
   std::string plain(text);
   std::erase_if(plain, [](char c) { return TrimmedOfInvisible({&c, 1}).empty(); });
@@ -55,6 +49,8 @@ class KeyRules {
 
   void Check() {
     for (const SettingLine& setting : reading_.settings) {
+      // What comes after the next tag of a section that is never closed belongs elsewhere.
+      if (reading_.isOpen && IsOtherTag(setting.line->text)) break;
       if (setting.role != LineRole::Setting || setting.key.empty()) continue;
       if (FindKey(*reading_.section, setting.key) != nullptr) continue;
       if (IsTagLike(facts_, *setting.line) || IsComment(setting.line->text)) continue;
@@ -82,6 +78,8 @@ class KeyRules {
         return true;
       case KeyUse::Flag:
         return &Section() == &kSolidCoolSection && Cleaned(value) == "1";
+      case KeyUse::Tasks:
+        return facts_.IsSharedMemory();
       default:
         return false;
     }
@@ -106,8 +104,8 @@ class KeyRules {
       return "a key of this section is written " + std::string(key.name);
     };
     if (const CmxKey* key = FindKey(Section(), WithoutInvisible(setting.key))) {
-      Add(Diagnostic("cmx-key-blank",
-                     "an invisible character stands beside " + std::string(key->name))
+      Add(Diagnostic("cmx-key-blank", WithArticle(NameOfInvisible(setting.rawKey)) +
+                                          " stands beside " + std::string(key->name))
               .Suggest(std::string(key->name), written_as(*key)),
           *key, setting, setting.value);
     } else if (key = FindInAnyCase(Section(), setting.key); key != nullptr) {
@@ -120,7 +118,7 @@ class KeyRules {
                      written + " is a key of " + std::string(other->name) + ", not of " + section)
               .Suggest(std::string(other->name), "it is moved into " + std::string(other->name))
               .At(KeyRange(facts_.File(), setting), setting.line->whole));
-    } else if (key = FindSimilar(Section(), setting.key); key != nullptr) {
+    } else if (key = FindSimilarKey(Section(), setting.key); key != nullptr) {
       Add(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
               .As(kWarning)
               .Suggest(std::string(key->name), written_as(*key)),
@@ -130,6 +128,10 @@ class KeyRules {
       found_.push_back(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
                            .At(KeyRange(facts_.File(), setting), setting.line->whole));
     }
+  }
+
+  bool IsOtherTag(std::string_view text) const {
+    return text.starts_with('<') && text.ends_with('>') && text != OpeningTag(Section());
   }
 
   /// A line of a block that is over or was never opened: the block's own rules speak of it.
@@ -229,7 +231,7 @@ class KeyRules {
         add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
       }
     } else if (&Section() == &kRemoteMachinesSection) {
-      // One behind the blocks is taken into a block; the blocks' own rules speak of it.
+      // One after the blocks is taken into a block; the blocks' own rules speak of it.
       const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
         return setting.key == "ValueNoMachine";
       });
@@ -248,6 +250,24 @@ class KeyRules {
 };
 
 }  // namespace
+
+const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name) {
+  std::vector<std::string_view> names;
+  for (const CmxKey& key : section.keys) names.push_back(key.name);
+  if (const CmxKey* key = FindKey(section, MostSimilar(name, names))) return key;
+  const auto isMeant = [&](const CmxKey& key) { return IsShortened(name, key.name); };
+  if (std::ranges::count_if(section.keys, isMeant) != 1) return nullptr;
+  const CmxKey& only = *std::ranges::find_if(section.keys, isMeant);
+  return name.size() * 2 >= only.name.size() ? &only : nullptr;
+}
+
+bool IsKeyTold(const Diagnostics& found, std::string_view key) {
+  return std::ranges::any_of(found, [&](const Diagnostic& diagnostic) {
+    return diagnostic.code.starts_with("cmx-") &&
+           (diagnostic.summary.starts_with(key) ||
+            diagnostic.suggestion.value_or("").starts_with(key));
+  });
+}
 
 void CheckKeys(const CmxFacts& facts, Diagnostics& found) {
   for (const SectionReading& reading : facts.Readings()) {

@@ -138,6 +138,20 @@ std::string SectionReading::ValueOf(std::string_view key) const {
   return setting == nullptr ? "" : setting->value;
 }
 
+const SettingLine* SectionReading::MostTasks() const {
+  const SettingLine* most = nullptr;
+  std::int32_t tasks = 0;
+  for (const SettingLine& setting : settings) {
+    const std::size_t tab = setting.value.find('\t');
+    if (setting.role != LineRole::Machine || tab == std::string::npos) continue;
+    const std::int32_t count = ParseInteger(setting.value.c_str() + tab + 1);
+    if (count <= tasks) continue;
+    most = &setting;
+    tasks = count;
+  }
+  return most;
+}
+
 std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};

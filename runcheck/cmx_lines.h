@@ -57,6 +57,8 @@ struct SectionReading {
   const SettingLine* Find(std::string_view key) const;
   /// The value that the launcher then has; empty when no line sets it.
   std::string ValueOf(std::string_view key) const;
+  /// The machine with the most tasks; null without machines.
+  const SettingLine* MostTasks() const;
 };
 
 SectionReading ReadLines(const CmxLines& lines, const CmxSection& section);

@@ -41,9 +41,9 @@ class MachineRules {
   void Check() {
     if (!CheckCount()) return;
     const bool machinesFit = CheckBlock(LineRole::Machine);
-    CheckBlock(LineRole::Weighting);
+    const bool weightingsFit = CheckBlock(LineRole::Weighting);
     if (machinesFit) CheckMachines();
-    CheckWeightings();
+    CheckWeightings(weightingsFit);
   }
 
  private:
@@ -89,7 +89,7 @@ class MachineRules {
     for (const LineRole role : {LineRole::Machine, LineRole::Weighting}) {
       const SettingLine* opener = Opener(role);
       if (opener == nullptr || opener->line->number > count->line->number) continue;
-      Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind " + opener->key), *count);
+      Add(Diagnostic("machine-count-late", "ValueNoMachine stands after " + opener->key), *count);
       return false;
     }
     if (!IsPlainNumber(count->value)) {
@@ -106,7 +106,7 @@ class MachineRules {
   void CheckTakenCount() {
     for (const SettingLine& setting : reading_.settings) {
       if (setting.key != "ValueNoMachine") continue;
-      Add(Diagnostic("machine-count-late", "ValueNoMachine stands behind a block, which takes it"),
+      Add(Diagnostic("machine-count-late", "ValueNoMachine stands after a block, which takes it"),
           setting);
       return;
     }
@@ -114,7 +114,10 @@ class MachineRules {
 
   /// A line that a person would write into a block.
   bool LooksLikeEntry(const SettingLine& setting, LineRole role) const {
-    if (FindKey(*reading_.section, setting.key) != nullptr || IsTagLike(facts_, *setting.line)) {
+    const std::string_view text = TrimmedOfInvisible(setting.line->text);
+    const bool isRemark = text.starts_with(';') || text.starts_with('#') || text.starts_with("//");
+    if (isRemark || FindKey(*reading_.section, setting.key) != nullptr ||
+        IsTagLike(facts_, *setting.line)) {
       return false;
     }
     if (!setting.hasEquals) {
@@ -131,14 +134,14 @@ class MachineRules {
     const SettingLine* count = reading_.Find("ValueNoMachine");
     const SettingLine* opener = Opener(role);
     if (opener == nullptr) {
-      const bool isMisspelt = std::ranges::any_of(reading_.settings, [&](const SettingLine& line) {
-        return line.role == LineRole::Setting && line.hasEquals &&
-               IsSimilar(line.key, isMachine ? "ValueMachineSetting" : "ValueMachineWeighting");
-      });
-      if (isMisspelt) return false;
+      const char* meant = isMachine ? "ValueMachineSetting" : "ValueMachineWeighting";
+      const bool isTaken = std::ranges::any_of(
+          reading_.settings, [&](const SettingLine& line) { return line.key == meant; });
+      if (isTaken || IsKeyTold(found_, meant)) return false;
       Add(Diagnostic(code, isMachine ? "there is no line ValueMachineSetting"
                                      : "there is no line ValueMachineWeighting")
-              .Because(isMachine ? "the machines would have no names" : "all weights would be 0"),
+              .Because(isMachine ? "the machines would have no names" : "all weights would be 0")
+              .Help("the line " + std::string(meant) + " opens the block"),
           *count);
       return false;
     }
@@ -169,7 +172,8 @@ class MachineRules {
   /// A block that takes the line which would have opened the other one.
   static bool TakesAnOpener(const SettingLine& entry) { return entry.key == "ValueMachineSetting"; }
 
-  /// Lines behind the block that were meant for it.
+  /// Lines after the block that were meant for it. Machines that are dropped leave the others as
+  /// they are, weightings have another sum.
   bool CheckRest(LineRole role, const std::vector<const SettingLine*>& entries) {
     const bool isMachine = role == LineRole::Machine;
     std::size_t more = 0;
@@ -194,7 +198,7 @@ class MachineRules {
                          .Because("the launcher would drop " + Counted(more, "line") + " of it")
                          .Suggest(have, "ValueNoMachine is the number of lines in both blocks")
                          .At(LineRange(facts_.File(), *first->line), first->line->whole));
-    return true;
+    return isMachine;
   }
 
   void CheckMachines() {
@@ -234,10 +238,11 @@ class MachineRules {
     if (IsHostName(host)) return;
     const std::string clean(TrimmedOfInvisible(host));
     const bool isBlank = IsHostName(clean);
-    Diagnostic diagnostic("machine-host",
-                          isBlank ? "a blank stands beside the host name " + clean
-                                  : (host.empty() ? std::string("the host name is empty")
-                                                  : host + " is no host name"));
+    Diagnostic diagnostic(
+        "machine-host",
+        isBlank
+            ? WithArticle(NameOfInvisible(host)) + " stands beside the host name " + clean
+            : (host.empty() ? std::string("the host name is empty") : host + " is no host name"));
     diagnostic.Grave(!isBlank);
     if (isBlank) diagnostic.Suggest(clean, "the name is written " + clean);
     Add(diagnostic, entry);
@@ -248,24 +253,28 @@ class MachineRules {
     if (IsPlainNumber(clean) && ParseInteger(clean.c_str()) > 0) return;
     Diagnostic diagnostic("machine-tasks",
                           host + " has " + (clean.empty() ? "no" : clean) + " tasks");
-    if (ParseInteger(clean.c_str()) > 0) {
+    if (IsPlainNumber(host) && IsHostName(clean)) {
+      diagnostic.summary = "the tasks stand before the host in " + host + " " + clean;
+    } else if (ParseInteger(clean.c_str()) > 0) {
       diagnostic.Because("the MPI process launcher would be given it as it stands");
     }
     Add(diagnostic, entry);
   }
 
-  void CheckWeightings() {
+  void CheckWeightings(bool areAll) {
     const std::vector<const SettingLine*> entries = EntriesOf(LineRole::Weighting);
     double sum = 0;
+    bool areNumbers = true;
     for (const SettingLine* entry : entries) {
       if (!LooksLikeEntry(*entry, LineRole::Weighting)) return;
       std::string value = entry->value.substr(0, entry->value.find(' '));
       // Tabs around a number do no harm.
       value.erase(0, std::min(value.find_first_not_of('\t'), value.size()));
       value.erase(value.find_last_not_of('\t') + 1);
-      if (!CheckWeighting(*entry, value)) return;
+      areNumbers = CheckWeighting(*entry, value) && areNumbers;
       sum += ParseDecimal(value.c_str());
     }
+    if (!areNumbers || !areAll) return;
     // Each weighting may be rounded to two decimals.
     const double rounding = 0.005 * static_cast<double>(entries.size()) + 1e-9;
     if (entries.empty() || entries.size() != static_cast<std::size_t>(count_)) return;
@@ -273,14 +282,19 @@ class MachineRules {
     Add(Diagnostic("weighting-sum", "the weightings add up to " + Decimal(sum)), *entries.back());
   }
 
-  /// False for one that is no number.
+  /// False for one that is no number above 0.
   bool CheckWeighting(const SettingLine& entry, const std::string& value) {
     const bool isDecimal = !value.empty() &&
                            value.find_first_not_of("0123456789.eE+-") == std::string::npos &&
                            value.find_first_of("0123456789") != std::string::npos;
-    if (isDecimal && ParseDecimal(value.c_str()) >= 0) return true;
+    const double weighting = ParseDecimal(value.c_str());
+    if (isDecimal && weighting > 0) return true;
     Diagnostic diagnostic("weighting-value",
                           (value.empty() ? "the weighting is empty" : value + " is no weighting"));
+    if (isDecimal && weighting == 0) {
+      diagnostic.summary = "the weighting is " + value;
+      diagnostic.Because("the solver would get the weight 0 for each process of this machine");
+    }
     std::string point = value;
     std::ranges::replace(point, ',', '.');
     if (point != value && ParseDecimal(point.c_str()) > 0) {

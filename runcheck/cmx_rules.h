@@ -22,6 +22,11 @@ bool IsTagLike(const CmxFacts& facts, const CmxLine& line);
 
 /// Keys: unknown, misspelt, elsewhere, twice, missing.
 void CheckKeys(const CmxFacts& facts, Diagnostics& found);
+/// What a misspelt or shortened key was meant to be; null for none.
+const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name);
+
+/// True when a finding about the lines speaks of `key`, by name or as what was meant.
+bool IsKeyTold(const Diagnostics& found, std::string_view key);
 
 /// Values: blanks, comments and quotation marks around them, numbers that are none.
 void CheckValues(const CmxFacts& facts, Diagnostics& found);

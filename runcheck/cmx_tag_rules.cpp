@@ -8,6 +8,8 @@
 namespace qvx::runcheck {
 namespace {
 
+constexpr std::size_t kLongestTag = 64;
+
 /// A line that was meant to be a tag.
 struct NearTag {
   const SectionReading* reading;
@@ -20,9 +22,32 @@ bool IsExactTag(const CmxSection& section, std::string_view text) {
   return text.starts_with('<') && (text == OpeningTag(section) || text == ClosingTag(section));
 }
 
+/// A tag with more in it or behind it: `<TASKMANAGER version="1">`, "<TASKMANAGER>Version = 1.0".
+std::optional<NearTag> CrowdedTagOf(const CmxFacts& facts, std::string_view written) {
+  if (!written.starts_with('<')) return std::nullopt;
+  const std::size_t start = written.find_first_not_of("</\\ \t");
+  if (start == std::string_view::npos) return std::nullopt;
+  const std::size_t end = std::min(written.find_first_of(" \t/>", start), written.size());
+  const bool isAlone = written.find_first_not_of(" \t/\\>", end) == std::string_view::npos;
+  if (isAlone) return std::nullopt;
+  const std::string name = AsciiLower(written.substr(start, end - start));
+  for (const SectionReading& reading : facts.Readings()) {
+    if (name != AsciiLower(reading.section->name)) continue;
+    return NearTag{&reading,
+                   written.substr(0, start).find_first_of("/\\") != std::string_view::npos, false,
+                   written.substr(0, kLongestTag)};
+  }
+  return std::nullopt;
+}
+
 std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
   const std::string_view written = TrimmedOfInvisible(line.text);
-  if (written.size() > 64 || written.empty() || written.find('=') != std::string_view::npos) {
+  for (const SectionReading& reading : facts.Readings()) {
+    if (IsExactTag(*reading.section, line.text)) return std::nullopt;
+  }
+  if (const std::optional<NearTag> tag = CrowdedTagOf(facts, written)) return tag;
+  if (written.size() > kLongestTag || written.empty() ||
+      written.find('=') != std::string_view::npos) {
     return std::nullopt;
   }
   std::string name(written);
@@ -32,7 +57,6 @@ std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
     return std::string_view("<>[]/\\ \t:;.").find(c) != std::string_view::npos;
   });
   for (const SectionReading& reading : facts.Readings()) {
-    if (IsExactTag(*reading.section, line.text)) return std::nullopt;
     const std::string_view right = reading.section->name;
     const bool isSame = AsciiLower(name) == AsciiLower(right);
     if (isSame || (isMarked && IsSimilar(name, right))) {
@@ -57,9 +81,9 @@ bool IsNeeded(const CmxFacts& facts, const CmxSection& section) {
 Diagnostic NearTagDiagnostic(const CmxFacts& facts, const NearTag& tag, const CmxLine& line) {
   const CmxSection& section = *tag.reading->section;
   const std::string right = tag.closes ? ClosingTag(section) : OpeningTag(section);
-  const std::string summary = tag.written == right
-                                  ? "an invisible character stands beside " + right
-                                  : std::string(tag.written) + " is not the tag " + right;
+  const std::string summary =
+      tag.written == right ? WithArticle(NameOfInvisible(line.text)) + " stands beside " + right
+                           : std::string(tag.written) + " is not the tag " + right;
   Diagnostic diagnostic("cmx-tag", summary);
   diagnostic.Suggest(right, "the tag is written " + right + ", alone on its line");
   if (tag.closes) {

@@ -31,6 +31,8 @@ class ValueRules {
           setting_.keyEnd);
       return;
     }
+    // A text or count too long for the launcher is told with what ends it.
+    if (key_.width > 0 && setting_.value.size() >= key_.width) return;
     if (CheckAround()) return;
     switch (key_.use) {
       case KeyUse::Mode:
@@ -106,8 +108,6 @@ class ValueRules {
   }
 
   void CheckTasks() {
-    // A text or count too long for the launcher is told with what ends it.
-    if (value_.size() >= key_.width) return;
     const std::int32_t number = ParseInteger(value_.c_str());
     if (number < 1) {
       Add(Diagnostic("task-count", Name() + " is " + Shown() + ", no number above 0"));
@@ -133,8 +133,8 @@ class ValueRules {
     const std::size_t start = setting_.valueColumn;
     if (value.empty()) return false;
     if (IsSpaceOrTab(value.front())) {
-      Add(Wrong("cmx-leading-tab",
-                "a tab or another invisible character stands before " + Cleaned(value)),
+      Add(Wrong("cmx-leading-tab", WithArticle(NameOfInvisible(value.substr(0, 1))) +
+                                       " stands before " + Cleaned(value)),
           start, start + 1);
     } else if (value.front() == '=' || value.front() == ':') {
       Add(Wrong("cmx-separator", "two separators stand between " + Name() + " and its value"),
@@ -147,8 +147,7 @@ class ValueRules {
     } else if (IsSpaceOrTab(value.back())) {
       const std::size_t length = TrimmedOfInvisible(value).size();
       const std::size_t blanks = value.size() - length;
-      const bool isSpace = value.find_first_not_of(' ', length) == std::string_view::npos;
-      Add(Wrong("cmx-trailing-blank", Counted(blanks, isSpace ? "blank" : "invisible character") +
+      Add(Wrong("cmx-trailing-blank", Counted(blanks, NameOfInvisible(value.substr(length))) +
                                           (blanks == 1 ? " stands" : " stand") +
                                           " behind the value of " + Name()),
           start + length, start + value.size());
@@ -217,7 +216,7 @@ void CheckTasks(const CmxFacts& facts, Diagnostics& found) {
   if (tasks == nullptr || tasks->openings.empty() || facts.IsDistributed()) return;
   const SettingLine* count = tasks->Find("ValueNoTask");
   if (facts.IsSharedMemory()) {
-    if (count != nullptr) return;
+    if (count != nullptr || IsKeyTold(found, "ValueNoTask")) return;
     const CmxLine& opening = *tasks->openings.back();
     found.push_back(Diagnostic("task-count", "TASKMANAGER holds no ValueNoTask")
                         .At(LineRange(facts.File(), opening), opening.whole));

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "runcheck/cmx_rules.h"
@@ -56,6 +57,8 @@ class Widths {
   bool TooLong(const std::string& field, std::size_t width, std::size_t length, Range range,
                const SettingLine& setting) {
     if (length < width) return false;
+    // A line may be handled twice, by two readers or as the file's last.
+    if (!told_.insert(setting.line).second) return true;
     found_.push_back(Diagnostic("text-too-long", field + " is too long: width " +
                                                      std::to_string(width) + ", length " +
                                                      std::to_string(length))
@@ -65,6 +68,7 @@ class Widths {
 
   const CmxFacts& facts_;
   Diagnostics& found_;
+  std::set<const CmxLine*> told_;
 };
 
 }  // namespace

@@ -18,7 +18,7 @@ struct Position {
   std::size_t column;
 };
 
-/// `end` is the first column behind the range.
+/// `end` is the first column after the range.
 struct Range {
   std::string filename;
   Position start;

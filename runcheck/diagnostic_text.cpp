@@ -9,28 +9,6 @@ namespace {
 constexpr std::size_t kGutter = 5;
 constexpr std::size_t kLongestMarker = 60;
 
-/// Breaks `text` at blanks so that no line is longer than the terminal is wide; later lines begin
-/// with `indent` blanks.
-std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {
-  std::string wrapped;
-  std::size_t column = 0;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find(' ', start), text.size());
-    const std::size_t length = end - start;
-    if (width > 0 && column > indent && column + 1 + length > width) {
-      wrapped += "\n" + std::string(indent, ' ');
-      column = indent;
-    } else if (start > 0) {
-      wrapped += ' ';
-      ++column;
-    }
-    wrapped.append(text, start, length);
-    column += length;
-    start = end + 1;
-  }
-  return wrapped;
-}
-
 std::string Shown(std::string_view line) {
   std::string shown(line);
   std::ranges::replace_if(
@@ -96,6 +74,26 @@ const char* ColourOf(Severity severity) {
   }
 }
 
+std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+  std::string wrapped;
+  std::size_t column = 0;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find(' ', start), text.size());
+    const std::size_t length = end - start;
+    if (width > 0 && column > indent && column + 1 + length > width) {
+      wrapped += "\n" + std::string(indent, ' ');
+      column = indent;
+    } else if (start > 0) {
+      wrapped += ' ';
+      ++column;
+    }
+    wrapped.append(text, start, length);
+    column += length;
+    start = end + 1;
+  }
+  return wrapped;
+}
+
 std::string Coloured(const TextStyle& style, const char* colour, const std::string& text) {
   return style.colours ? std::string("\x1B[") + colour + "m" + text + "\x1B[0m" : text;
 }
@@ -109,7 +107,7 @@ std::string DiagnosticText(const Diagnostic& diagnostic, const TextStyle& style)
             std::to_string(range.start.column) + ": ";
   }
   std::string heading = place + severity + " " + Shown(diagnostic.summary);
-  // What follows stands behind what is wrong where it stops or spoils the run.
+  // What follows stands after what is wrong where it stops or spoils the run.
   if (diagnostic.severity == Severity::Error) heading += ": " + diagnostic.consequence;
   heading += " [" + std::string(diagnostic.code) + "]";
   heading = Wrapped(heading, style.width, 4);

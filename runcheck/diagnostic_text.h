@@ -17,6 +17,10 @@ struct TextStyle {
 /// Ends in a line feed. Control characters of the snippet are shown as blanks, tabs stay.
 std::string DiagnosticText(const Diagnostic& diagnostic, const TextStyle& style);
 
+/// Breaks `text` at blanks so that no line is longer than the terminal is wide; later lines begin
+/// with `indent` blanks. A width of 0 is none.
+std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent);
+
 /// `text` between the escape sequences of a severity or heading; as it is without colours.
 std::string Coloured(const TextStyle& style, const char* colour, const std::string& text);
 

@@ -47,21 +47,25 @@ bool CheckFolder(Code code, const char* what, const std::string& folder, const c
   // A blank or mark around it is told with the call.
   if (folder.empty() || TrimmedOfInvisible(folder) != folder) return false;
   Diagnostic diagnostic(code, "");
+  const auto suggestAbove = [&] {
+    // One that lies within it was meant to be it.
+    const std::size_t at = (AsciiLower(folder) + "\\").find("\\" + AsciiLower(inside) + "\\");
+    if (at == std::string::npos) return;
+    diagnostic.Suggest(folder.substr(0, at), "it is written " + folder.substr(0, at));
+  };
   if (!IsAbsolutePath(folder)) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is relative";
     diagnostic.Because("the launcher would look below the folder that it is started in");
+    if (folder.starts_with('%')) diagnostic.Help("a variable between % is not replaced here");
   } else if (const FileKind kind = KindOf(folder); kind == FileKind::Missing) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " does not exist";
     AddNeighbour(folder, diagnostic);
   } else if (kind == FileKind::File) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is a file";
+    suggestAbove();
   } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " holds no folder " + inside;
-    // One that lies within it was meant to be it.
-    const std::size_t at = (AsciiLower(folder) + "\\").find("\\" + AsciiLower(inside) + "\\");
-    if (at != std::string::npos) {
-      diagnostic.Suggest(folder.substr(0, at), "it is written " + folder.substr(0, at));
-    }
+    suggestAbove();
   } else {
     return true;
   }
@@ -117,6 +121,10 @@ void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile
                    Diagnostics& found) {
   // The solvers that always run serially have their own use for it; the launcher has none.
   const bool isRead = !AlwaysRunsSerially(call.family);
+  const bool isNameTold = LooksLikePath(places.name) ||
+                          TrimmedOfInvisible(places.name) != places.name ||
+                          places.name.find('"') != std::string::npos;
+  if (!isRead && isNameTold) return;
   const FileKind kind = KindOf(places.cmxPath);
   const bool isReadable = kind == FileKind::File && ReadFileStart(places.cmxPath, 1).has_value();
   if (isReadable && !cmx.bytes.empty()) return;
@@ -131,6 +139,9 @@ void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile
     diagnostic.Because("the solver would not find it");
   }
   if (kind == FileKind::Missing) AddCmxNeighbours(places, diagnostic);
+  if (kind == FileKind::File && !isReadable) {
+    diagnostic.Help("its rights, or a program that holds it, keep it from being read");
+  }
   found.push_back(diagnostic);
 }
 
@@ -172,7 +183,8 @@ void CheckRunPlaces(const CallFacts& call, const RunPlaces& places, const CmxFil
   if (isSwapped) {
     found.push_back(Diagnostic("call-token-order", "the home folder " + places.home +
                                                        " is a project and the project directory " +
-                                                       places.project + " an installation"));
+                                                       places.project + " an installation")
+                        .Grave());
     return;
   }
   CheckFolder("home-folder", "home folder", places.home, "Bin", found);
@@ -193,7 +205,9 @@ void CheckMachine(const Prediction& prediction, Diagnostics& found) {
   }
   const MultiShotSettings& shot = prediction.context->multiShotSettings;
   const std::string path = shot.ValueShotProjectPath;
-  if (shot.FlagPrevShot != 0 && path.empty()) {
+  if (prediction.fault) {
+    // The settings are read as far as it.
+  } else if (shot.FlagPrevShot != 0 && path.empty()) {
     found.push_back(
         Diagnostic("previous-shot", "FlagPrevShot is set and ValueShotProjectPath is empty"));
   } else if (shot.FlagPrevShot != 0 && KindOf(path) != FileKind::Folder) {

@@ -99,6 +99,7 @@ class ProgramRules {
       diagnostic.Because(pass.IsUnderMpi() ? "the MPI process launcher would not start it"
                                            : "the launcher would stop with -1");
       const std::string name = pass.solverPath.substr(bin.size() + 1);
+      if (name.empty() || TrimmedOfInvisible(name) != name) return;  // told with the call
       const std::vector<std::string> names = NamesMatching(bin + "\\*.exe");
       std::vector<std::string_view> views(names.begin(), names.end());
       if (const std::string_view meant = MostSimilar(name, views); !meant.empty()) {
@@ -114,7 +115,9 @@ class ProgramRules {
   /// A blank in an unquoted path lets the system try what stands before it first.
   void CheckUnquoted(const Pass& pass, const std::string& path) {
     const std::string started = ProgramOf(pass.commandLine);
-    if (started.empty() || AsciiLower(started) == AsciiLower(path)) return;
+    // The system takes blanks off a name's end.
+    const std::string meant(TrimmedOfInvisible(path));
+    if (started.empty() || AsciiLower(started) == AsciiLower(meant)) return;
     if (pass.reportedPath.find(' ') == std::string::npos) return;
     found_.push_back(Diagnostic(
         "other-program", started + " exists, and " + path + " stands without quotation marks"));
@@ -147,6 +150,7 @@ class ProgramRules {
 
   /// False when there is no folder to look into.
   bool CheckRegistry(const std::string& folder) {
+    constexpr std::size_t kMostBytes = kPathWidth - sizeof "\\impiexec.exe";
     const MpiPathValue value = LookUpMpiPathValue();
     const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem";
     std::string wrong;
@@ -156,6 +160,9 @@ class ProgramRules {
       wrong = "the registry holds no value IntelMPI_InstallPath in " + key;
     } else if (!value.isText || (value.isExpandable && folder.find('%') != std::string::npos)) {
       wrong = "IntelMPI_InstallPath is no plain text (REG_SZ)";
+    } else if (value.size > kPathWidth) {
+      wrong = "IntelMPI_InstallPath is too long: " + std::to_string(kMostBytes) +
+              " bytes fit, it has " + std::to_string(value.size - 1);
     } else if (folder.empty()) {
       wrong = "IntelMPI_InstallPath is empty";
     } else if (folder.find('"') != std::string::npos) {

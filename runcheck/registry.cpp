@@ -13,9 +13,8 @@ MpiPathValue LookUp(HKEY root, REGSAM view) {
   }
   value.hasKey = true;
   DWORD kind = REG_NONE;
-  DWORD size = 0;
-  value.hasValue = RegQueryValueExA(key, "IntelMPI_InstallPath", nullptr, &kind, nullptr, &size) ==
-                   ERROR_SUCCESS;
+  value.hasValue = RegQueryValueExA(key, "IntelMPI_InstallPath", nullptr, &kind, nullptr,
+                                    &value.size) == ERROR_SUCCESS;
   value.isExpandable = kind == REG_EXPAND_SZ;
   value.isText = kind == REG_SZ || value.isExpandable;
   RegCloseKey(key);

@@ -11,6 +11,7 @@ struct MpiPathValue {
   bool isExpandable = false;   ///< the launcher does not expand it
   bool isIn32BitView = false;  ///< not looked for when the launcher finds its own
   bool isInUserKey = false;
+  unsigned long size = 0;  ///< in bytes, as it is stored
 };
 
 MpiPathValue LookUpMpiPathValue();

@@ -41,7 +41,7 @@ struct Report {
 /// As a terminal shows it, in the ANSI code page.
 std::string TextReport(const Report& report, const TextStyle& style);
 
-/// One object, UTF-8, with a line feed behind it. `toUtf8`: converts from the ANSI code page.
+/// One object, UTF-8, with a line feed at its end. `toUtf8`: converts from the ANSI code page.
 std::string JsonReport(const Report& report, std::string (*toUtf8)(const std::string&));
 
 /// 0, or 1 when an error is among the diagnostics.

@@ -1,9 +1,11 @@
 #include "runcheck/share_rules.h"
 
+#include <algorithm>
 #include <string>
 
 #include "launcher/lower_case_name.h"
 #include "runcheck/call_facts.h"
+#include "runcheck/cmx_rules.h"
 #include "runcheck/similar_name.h"
 
 namespace qvx::runcheck {
@@ -36,6 +38,11 @@ class ShareRules {
     found_.push_back(std::move(diagnostic));
   }
 
+  /// True when a line that was meant to set `key` is told already.
+  bool IsTold(std::string_view key) const {
+    return reading_.Find(key) == nullptr && IsKeyTold(found_, key);
+  }
+
   /// What stands around a value is told where the value stands.
   static bool IsClean(const std::string& value) { return Cleaned(value) == value; }
 
@@ -43,11 +50,19 @@ class ShareRules {
     return AsciiLower(host) == "localhost" || host.starts_with("127.") || host == "::1";
   }
 
+  static std::string WithoutSlashes(const std::string& name) {
+    const std::size_t first = name.find_first_not_of("\\/");
+    return first == std::string::npos
+               ? ""
+               : name.substr(first, name.find_last_not_of("\\/") - first + 1);
+  }
+
   void CheckStorageNode() {
     const std::string node = settings_.ValueStorageNode;
     const bool isDefault = reading_.ValueOf("ValueStorageNode").empty();
     const std::string_view key = isDefault ? "ValueLocalHost" : "ValueStorageNode";
     if (node.empty()) {
+      if (IsTold("ValueStorageNode") || IsTold("ValueLocalHost")) return;
       Add(Diagnostic("storage-node", "neither ValueStorageNode nor ValueLocalHost is set"), key);
     } else if (IsLoopback(node) && settings_.machines.size() > 1) {
       Add(Diagnostic("storage-node",
@@ -70,14 +85,20 @@ class ShareRules {
     if (!IsClean(share)) return;
     const std::size_t first = share.find_first_not_of("\\/");
     if (share.empty()) {
-      Add(Diagnostic("share-name", "ValueShareFolderName is empty"), kKey);
+      if (!IsTold(kKey)) Add(Diagnostic("share-name", "ValueShareFolderName is empty"), kKey);
     } else if (IsAbsolutePath(share)) {
-      Add(Diagnostic("share-name", "ValueShareFolderName is a path, " + share), kKey);
+      Diagnostic diagnostic("share-name", "ValueShareFolderName is a path, " + share);
+      const std::size_t host = share.find_first_of("\\/", first);
+      if (first == 2 && host + 1 < share.size()) {  // "\\NODE1\Projects"
+        const std::string name = WithoutSlashes(share.substr(host));
+        diagnostic.Suggest(name, "the share is written " + name);
+      }
+      Add(diagnostic, kKey);
     } else if (first != 0 || share.find_last_not_of("\\/") != share.size() - 1) {
-      const std::string name = first == std::string::npos
-                                   ? ""
-                                   : share.substr(first, share.find_last_not_of("\\/") - first + 1);
-      Add(Diagnostic("share-name", "a backslash stands beside the share's name in " + share)
+      const std::string name = WithoutSlashes(share);
+      const bool isSlash = share.front() == '/' || share.back() == '/';
+      Add(Diagnostic("share-name", std::string(isSlash ? "a slash" : "a backslash") +
+                                       " stands beside the share's name in " + share)
               .Suggest(name, "the share is written " + name),
           kKey);
     }
@@ -92,7 +113,7 @@ class ShareRules {
     Diagnostic diagnostic("working-folder", summary);
     diagnostic.Grave(grave);
     if (!grave) {
-      diagnostic.Because("the launcher would cut the project directory behind the first place");
+      diagnostic.Because("the launcher would cut the project directory at the first place");
     }
     if (!suggestion.empty()) {
       diagnostic.Suggest(suggestion, "the working folder is written " + suggestion);
@@ -106,7 +127,9 @@ class ShareRules {
     const std::string wanted = Lowered(folder);
     if (!IsClean(folder) || projectDirectory_.empty()) return;
     if (folder.empty()) {
-      AddFolder("ValueParallelWorkingFolder is empty", true);
+      if (!IsTold("ValueParallelWorkingFolder")) {
+        AddFolder("ValueParallelWorkingFolder is empty", true);
+      }
       return;
     }
     const std::size_t at = project.find(wanted);
@@ -117,7 +140,8 @@ class ShareRules {
     const std::size_t end = at + wanted.size();
     const std::string rest = project.substr(std::min(end + 1, project.size()));
     if (folder.back() == '\\' || folder.back() == '/') {
-      AddFolder("ValueParallelWorkingFolder ends in a backslash and makes the project " +
+      AddFolder(std::string("ValueParallelWorkingFolder ends in a ") +
+                    (folder.back() == '/' ? "slash" : "backslash") + " and makes the project " +
                     (rest.empty() ? "nameless" : rest),
                 true, folder.substr(0, folder.size() - 1));
     } else if (end < project.size() && project[end] != '\\' && project[end] != '/') {
@@ -133,10 +157,15 @@ class ShareRules {
   }
 
   void CheckNotFound(const std::string& folder) {
-    std::string slashes = AsciiLower(folder);
-    for (char& c : slashes) {
-      if (c == '/') c = '\\';
+    if (const std::string right = WithBackslashes(projectDirectory_);
+        right != projectDirectory_ && Lowered(right).starts_with(Lowered(folder))) {
+      Diagnostic diagnostic("working-folder", folder + " is not in the project directory " +
+                                                  projectDirectory_ + ", which holds slashes");
+      diagnostic.Grave().Suggest(right, "the project directory is written " + right);
+      Add(diagnostic, "ValueParallelWorkingFolder");
+      return;
     }
+    const std::string slashes = WithBackslashes(AsciiLower(folder));
     std::string suggestion;
     if (AsciiLower(projectDirectory_).starts_with(slashes) && slashes != AsciiLower(folder)) {
       suggestion = projectDirectory_.substr(0, folder.size());
@@ -144,6 +173,11 @@ class ShareRules {
     std::string summary = folder + " is not in the project directory " + projectDirectory_;
     if (HasBeyondAscii(folder)) summary += "; the case of letters beyond A to Z counts";
     AddFolder(summary, true, suggestion);
+  }
+
+  static std::string WithBackslashes(std::string path) {
+    std::ranges::replace(path, '/', '\\');
+    return path;
   }
 
   static bool HasBeyondAscii(std::string_view text) {

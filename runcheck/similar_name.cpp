@@ -17,6 +17,13 @@ std::string Plain(std::string_view name) {
   return plain;
 }
 
+/// ".exe" of "Qvx.exe"; empty for a name without one.
+std::string_view ExtensionOf(std::string_view name) {
+  return name.substr(std::min(name.rfind('.'), name.size()));
+}
+
+bool IsCapital(char c) { return c >= 'A' && c <= 'Z'; }
+
 }  // namespace
 
 std::string AsciiLower(std::string_view text) {
@@ -58,12 +65,30 @@ std::size_t EditDistance(std::string_view left, std::string_view right, std::siz
 
 bool IsSimilar(std::string_view name, std::string_view meant) {
   if (name.size() > kLongestName) return false;
+  const std::string_view extension = ExtensionOf(name);
+  if (AsciiLower(extension) == AsciiLower(ExtensionOf(meant))) {
+    name.remove_suffix(extension.size());
+    meant.remove_suffix(extension.size());
+  }
   const std::string plainName = Plain(name);
   const std::string plainMeant = Plain(meant);
-  // A third of a short word would make it any other.
-  const std::size_t most =
-      plainMeant.size() < 5 ? 1 : std::min<std::size_t>(plainMeant.size() / 4 + 1, 4);
+  const std::size_t most = std::clamp<std::size_t>(plainMeant.size() / 4, 1, 4);
   return EditDistance(plainName, plainMeant, most) <= most;
+}
+
+bool IsShortened(std::string_view name, std::string_view meant) {
+  const std::string whole = AsciiLower(meant);
+  std::size_t at = 0;
+  for (std::size_t start = 0; start < name.size();) {
+    std::size_t end = start + 1;
+    while (end < name.size() && !IsCapital(name[end])) ++end;
+    const std::string word = AsciiLower(name.substr(start, end - start));
+    at = whole.find(word, at);
+    if (at == std::string::npos) return false;
+    at += word.size();
+    start = end;
+  }
+  return true;
 }
 
 std::string_view MostSimilar(std::string_view name, std::span<const std::string_view> names) {

@@ -14,9 +14,13 @@ std::string AsciiLower(std::string_view text);
 /// it.
 std::size_t EditDistance(std::string_view left, std::string_view right, std::size_t most);
 
-/// True when few enough letters differ that one can be the other misspelt; letter case, blanks and
-/// underscores do not count.
+/// True when few enough letters differ that one can be the other misspelt: a quarter of them, at
+/// least one. Letter case, blanks, underscores and an extension that both have do not count.
 bool IsSimilar(std::string_view name, std::string_view meant);
+
+/// True when `meant` with words left out is `name`: "ValueFolder" of "ValueShareFolder". A word begins
+/// with a capital letter.
+bool IsShortened(std::string_view name, std::string_view meant);
 
 /// The most similar of `names`; empty when none is similar.
 std::string_view MostSimilar(std::string_view name, std::span<const std::string_view> names);

@@ -129,28 +129,37 @@ std::string MachinesText(const Report& report, const TextStyle& style) {
 /// What keeps a run from its start; other errors make it another run than meant.
 bool PreventsStart(const Diagnostic& diagnostic) {
   constexpr std::string_view kCodes[] = {
-      "wrong-call",      "call-arguments",     "call-solver",         "text-too-long",
-      "cannot-allocate", "home-folder",        "solver-file",         "solver-path",
-      "solver-program",  "library-missing",    "library-failed",      "account-file",
-      "mpi-path",        "mpi-launcher",       "command-line-length", "task-count",
-      "call-separator",  "call-unquoted-blank"};
+      "wrong-call",      "call-arguments",      "call-solver",         "text-too-long",
+      "cannot-allocate", "home-folder",         "solver-file",         "solver-path",
+      "solver-program",  "library-missing",     "library-failed",      "account-file",
+      "mpi-path",        "mpi-launcher",        "command-line-length", "task-count",
+      "call-separator",  "call-unquoted-blank", "call-first-argument"};
   return diagnostic.severity == Severity::Error &&
          std::ranges::find(kCodes, diagnostic.code) != std::end(kCodes);
+}
+
+/// A part that a line's end cuts stays as it is.
+void Colour(std::string& text, const std::string& part, const char* colour,
+            const TextStyle& style) {
+  const std::size_t at = part.empty() ? std::string::npos : text.find(part);
+  if (at != std::string::npos) text.replace(at, part.size(), Coloured(style, colour, part));
 }
 
 std::string VerdictText(const Report& report, const TextStyle& style) {
   const std::size_t errors = CountOf(report.diagnostics, Severity::Error);
   const std::size_t warnings = CountOf(report.diagnostics, Severity::Warning);
   if (errors == 0 && warnings == 0) return "Nothing stands in the way of this run.\n";
-  std::string counts = errors == 0 ? "" : Coloured(style, kRed, Counted(errors, "error"));
-  if (warnings > 0) {
-    counts += (counts.empty() ? "" : ", ") + Coloured(style, kYellow, Counted(warnings, "warning"));
-  }
+  const std::string error = errors == 0 ? "" : Counted(errors, "error");
+  const std::string warning = warnings == 0 ? "" : Counted(warnings, "warning");
   const char* verdict = errors == 0 ? "this run would start."
                         : std::ranges::any_of(report.diagnostics, PreventsStart)
                             ? "this run would not start."
                             : "this run would not be the one that is meant.";
-  return counts + ": " + verdict + "\n";
+  const std::string between = errors > 0 && warnings > 0 ? ", " : "";
+  std::string text = Wrapped(error + between + warning + ": " + verdict, style.width, 0);
+  Colour(text, error, kRed, style);
+  Colour(text, warning, kYellow, style);
+  return text + "\n";
 }
 
 }  // namespace
@@ -159,7 +168,9 @@ std::string TextReport(const Report& report, const TextStyle& style) {
   std::string text;
   if (!report.call.empty()) text += Line(report.call, style) + "\n";
   if (!report.runNumber.empty()) {
-    text += Coloured(style, kBold, Line(Heading(report), style)) + "\n";
+    std::string heading = Line(Heading(report), style);
+    heading.pop_back();
+    text += Coloured(style, kBold, heading) + "\n\n";
   }
   for (const Pass& pass : report.passes) {
     text += PassText(report, pass, &pass == &report.passes.back(), style);

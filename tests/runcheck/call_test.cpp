@@ -58,10 +58,10 @@ TEST_F(RunCheckCall, ABlankWithoutQuotationMarksCutsTheTokens) {
   EXPECT_EQ(status, 1);
 }
 
-TEST_F(RunCheckCall, AMissingTokenLeavesTheRunNumberEmpty) {
+TEST_F(RunCheckCall, AMissingTokenIsNamed) {
   EXPECT_EQ(
       FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*01"),
-      "error: the token list holds 4 of 5 tokens: the run number is missing: the launcher would "
+      "error: the token list holds 4 of 5 tokens: the option is missing: the launcher would "
       "leave the fields empty and look in other folders [call-tokens]\n"
       "    help: the tokens are home folder, project directory, project name, option, run number\n"
       "\n"
@@ -131,7 +131,7 @@ TEST_F(RunCheckCall, AShellCallNeedsNoThirdArgument) {
 
 TEST_F(RunCheckCall, ABlankBesideTheRunNumberIsSaidOnce) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0* 01"),
-            "error: a blank stands beside the run number 01: the launcher would take the blank as "
+            "error: a blank stands beside the run number 01: the launcher would take it as "
             "part of the name [call-blank]\n"
             "    help: it is written 01\n"
             "\n"
@@ -249,7 +249,7 @@ TEST_F(RunCheckCall, AShellSolverInItsForm) {
 TEST_F(RunCheckCall, ABlankBehindTheHomeFolder) {
   EXPECT_EQ(FindingsFor("<site>\\Home *<site>\\Work\\Sample*Sample*0*01"),
             "error: a blank stands beside the home folder <site>\\Home: the launcher would take "
-            "the blank as part of the name [call-blank]\n"
+            "it as part of the name [call-blank]\n"
             "    help: it is written <site>\\Home\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");

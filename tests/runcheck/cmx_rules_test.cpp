@@ -1,23 +1,13 @@
 // Each rule over the CMX file's lines: a file that it finds fault with, message by message, and a
 // near miss that it lets pass.
-#include "runcheck/cmx_rules.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "runcheck/diagnostic_text.h"
+#include "tests/runcheck/cmx_found.h"
 
 namespace qvx::runcheck {
 namespace {
-
-/// What the rules say about a file, as a person reads it.
-std::string Found(const std::string& file, SolverClass solverClass = SolverClass::Flow) {
-  std::string text;
-  const CmxFacts facts({"Sample03.cmx", file}, solverClass);
-  for (const Diagnostic& diagnostic : CheckCmxFile(facts)) text += DiagnosticText(diagnostic, {});
-  return text;
-}
 
 TEST(CmxRules, AByteOrderMarkHidesTheFirstTag) {
   EXPECT_EQ(
@@ -214,7 +204,7 @@ TEST(CmxRules, ABlankBehindATagHidesIt) {
                   "ValueNoTask = 1\n"
                   "ValueLocalNoTask = 1\n"
                   "</TASKMANAGER>\n"),
-            "Sample03.cmx:1:1: error: an invisible character stands beside <TASKMANAGER>: the "
+            "Sample03.cmx:1:1: error: a blank stands beside <TASKMANAGER>: the "
             "launcher would see no such section and run distributed [cmx-tag]\n"
             "    1 | <TASKMANAGER> \n"
             "      | ^~~~~~~~~~~~~~ help: the tag is written <TASKMANAGER>, alone on its line\n");
@@ -226,7 +216,7 @@ TEST(CmxRules, ATabBeforeATagHidesIt) {
                   "ValueNoTask = 1\n"
                   "ValueLocalNoTask = 1\n"
                   "</TASKMANAGER>\n"),
-            "Sample03.cmx:1:1: error: an invisible character stands beside <TASKMANAGER>: the "
+            "Sample03.cmx:1:1: error: a tab stands beside <TASKMANAGER>: the "
             "launcher would see no such section and run distributed [cmx-tag]\n"
             "    1 | \t<TASKMANAGER>\n"
             "      | ^~~~~~~~~~~~~~ help: the tag is written <TASKMANAGER>, alone on its line\n");
@@ -280,15 +270,14 @@ TEST(CmxRules, ANearlyClosingTagIsAWarning) {
 }
 
 TEST(CmxRules, AClosingTagWithABlankIsAWarning) {
-  EXPECT_EQ(
-      Found("<TASKMANAGER>\n"
-            "IDTaskMode = 0\n"
-            "ValueNoTask = 1\n"
-            "ValueLocalNoTask = 1\n"
-            "</TASKMANAGER> \n"),
-      "Sample03.cmx:5:1: warning: an invisible character stands beside </TASKMANAGER> [cmx-tag]\n"
-      "    5 | </TASKMANAGER> \n"
-      "      | ^~~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
+  EXPECT_EQ(Found("<TASKMANAGER>\n"
+                  "IDTaskMode = 0\n"
+                  "ValueNoTask = 1\n"
+                  "ValueLocalNoTask = 1\n"
+                  "</TASKMANAGER> \n"),
+            "Sample03.cmx:5:1: warning: a blank stands beside </TASKMANAGER> [cmx-tag]\n"
+            "    5 | </TASKMANAGER> \n"
+            "      | ^~~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
 }
 
 TEST(CmxRules, ASectionThatIsNeverClosed) {
@@ -450,7 +439,7 @@ TEST(CmxRules, ATabBesideAKeyHidesIt) {
                   "IDTaskMode\t= 0\n"
                   "ValueLocalNoTask = 1\n"
                   "</TASKMANAGER>\n"),
-            "Sample03.cmx:2:1: error: an invisible character stands beside IDTaskMode: the "
+            "Sample03.cmx:2:1: error: a tab stands beside IDTaskMode: the "
             "launcher would ignore the line and run distributed [cmx-key-blank]\n"
             "    2 | IDTaskMode\t= 0\n"
             "      | ^~~~~~~~~~~ help: a key of this section is written IDTaskMode\n");
@@ -605,7 +594,7 @@ TEST(CmxRules, ATabBehindTheLocalTaskCount) {
                   "ValueNoTask = 1\n"
                   "ValueLocalNoTask = 1\t\n"
                   "</TASKMANAGER>\n"),
-            "Sample03.cmx:4:21: warning: 1 invisible character stands behind the value of "
+            "Sample03.cmx:4:21: warning: 1 tab stands behind the value of "
             "ValueLocalNoTask [cmx-trailing-blank]\n"
             "    4 | ValueLocalNoTask = 1\t\n"
             "      |                     ^ help: the value is written 1\n");
@@ -625,7 +614,7 @@ TEST(CmxRules, ATabBeforeAValue) {
                   "IDTaskMode =\t0\n"
                   "ValueLocalNoTask = 1\n"
                   "</TASKMANAGER>\n"),
-            "Sample03.cmx:2:13: error: a tab or another invisible character stands before 0: the "
+            "Sample03.cmx:2:13: error: a tab stands before 0: the "
             "value is not 0 and the run would be distributed [cmx-leading-tab]\n"
             "    2 | IDTaskMode =\t0\n"
             "      |             ^ help: the value is written 0\n");
@@ -1097,7 +1086,7 @@ TEST(CmxRules, MoreWeightingsThanCounted) {
             "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
 
-TEST(CmxRules, ACountBehindItsBlocks) {
+TEST(CmxRules, ACountAfterItsBlocks) {
   EXPECT_EQ(Found("<TASKMANAGER>\n"
                   "IDTaskMode = 1\n"
                   "</TASKMANAGER>\n"
@@ -1113,7 +1102,7 @@ TEST(CmxRules, ACountBehindItsBlocks) {
                   "2 = 0.4\n"
                   "ValueNoMachine = 2\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:14:18: error: ValueNoMachine stands behind a block, which takes it: the "
+            "Sample03.cmx:14:18: error: ValueNoMachine stands after a block, which takes it: the "
             "launcher would leave the machines empty [machine-count-late]\n"
             "   14 | ValueNoMachine = 2\n"
             "      |                  ^ help: it stands before both blocks\n");
@@ -1175,25 +1164,24 @@ TEST(CmxRules, AMissingMachineBlock) {
       "Sample03.cmx:5:18: error: there is no line ValueMachineSetting: the machines would have no "
       "names [machine-count]\n"
       "    5 | ValueNoMachine = 1\n"
-      "      |                  ^ help: ValueNoMachine is the number of lines in both blocks\n");
+      "      |                  ^ help: the line ValueMachineSetting opens the block\n");
 }
 
 TEST(CmxRules, AMissingWeightingBlock) {
-  EXPECT_EQ(
-      Found("<TASKMANAGER>\n"
-            "IDTaskMode = 1\n"
-            "</TASKMANAGER>\n"
-            "<REMOTE_MACHINES>\n"
-            "ValueNoMachine = 1\n"
-            "ValueShareFolderName = Projects\n"
-            "ValueParallelWorkingFolder = C:\\Projects\n"
-            "ValueLocalHost = NODE1\n"
-            "ValueMachineSetting\n"
-            "1 = NODE1\t2\n"
-            "</REMOTE_MACHINES>\n"),
-      "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
-      "    5 | ValueNoMachine = 1\n"
-      "      |                  ^ help: ValueNoMachine is the number of lines in both blocks\n");
+  EXPECT_EQ(Found("<TASKMANAGER>\n"
+                  "IDTaskMode = 1\n"
+                  "</TASKMANAGER>\n"
+                  "<REMOTE_MACHINES>\n"
+                  "ValueNoMachine = 1\n"
+                  "ValueShareFolderName = Projects\n"
+                  "ValueParallelWorkingFolder = C:\\Projects\n"
+                  "ValueLocalHost = NODE1\n"
+                  "ValueMachineSetting\n"
+                  "1 = NODE1\t2\n"
+                  "</REMOTE_MACHINES>\n"),
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "    5 | ValueNoMachine = 1\n"
+            "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
 }
 
 TEST(CmxRules, AMissingMachineCount) {

@@ -18,8 +18,9 @@ std::string FoundFor(std::size_t length) {
   return found.empty() ? "" : DiagnosticText(found.front(), {});
 }
 
-TEST(CommandLineLength, TheLogTakes32751Characters) {
-  EXPECT_EQ(FoundFor(32751), "");
+TEST(CommandLineLength, TheLogTakes32751Characters) { EXPECT_EQ(FoundFor(32751), ""); }
+
+TEST(CommandLineLength, TheLogTakesNoMore) {
   EXPECT_EQ(
       FoundFor(32752),
       "error: the command line has 32752 characters: the launcher would start it, fail to log it "

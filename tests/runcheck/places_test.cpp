@@ -208,7 +208,7 @@ TEST_F(RunCheckPlaces, BothSolversOfACoolingRun) {
   EXPECT_EQ(FindingsFor(kRun, "Qvx3DCool.exe"),
             "error: the solver <site>\\Home\\Bin\\Qvx3DFlow.exe does not exist: the launcher would "
             "stop with -1 [solver-file]\n"
-            "    help: Bin holds Qvx3DCool.exe\n"
+            "    help: the solver lies in Bin of the home folder\n"
             "\n"
             "1 error: this run would not start.\n");
   EXPECT_EQ(status, 1);

@@ -114,7 +114,7 @@ TEST_F(RunCheckReport, JsonIsOneObject) {
       "  \"format_version\": \"1.0\",\n"
       "  \"verdict\": \"warnings\",\n"
       "  \"error_count\": 0,\n"
-      "  \"warning_count\": 2,\n"
+      "  \"warning_count\": 1,\n"
       "  \"passes\": [\n"
       "    {\n"
       "      \"family\": \"FLOW\",\n"
@@ -178,26 +178,6 @@ TEST_F(RunCheckReport, JsonIsOneObject) {
       "    }\n"
       "  ],\n"
       "  \"diagnostics\": [\n"
-      "    {\n"
-      "      \"severity\": \"warning\",\n"
-      "      \"code\": \"weighting-count\",\n"
-      "      \"summary\": \"there is no line ValueMachineWeighting\",\n"
-      "      \"detail\": \"all weights would be 0; ValueNoMachine is the number of lines in both "
-      "blocks\",\n"
-      "      \"range\": {\n"
-      "        \"filename\": \"Sample01.cmx\",\n"
-      "        \"start\": {\n"
-      "          \"line\": 5,\n"
-      "          \"column\": 16\n"
-      "        },\n"
-      "        \"end\": {\n"
-      "          \"line\": 5,\n"
-      "          \"column\": 17\n"
-      "        }\n"
-      "      },\n"
-      "      \"snippet\": \"ValueNoMachine=2\",\n"
-      "      \"suggestion\": null\n"
-      "    },\n"
       "    {\n"
       "      \"severity\": \"warning\",\n"
       "      \"code\": \"cmx-unknown-key\",\n"
@@ -367,13 +347,11 @@ TEST_F(RunCheckReport, TheHelpAndNoArgument) {
 }
 
 TEST_F(RunCheckReport, TheLaunchersArgumentsStandBehindTheSeparator) {
-  EXPECT_EQ(
-      Answer({"L$1", kRun, kFlow}),
-      "error: the following arguments were not expected: Qvx3DFlow.exe " +
-          site.Generic(site.Specific(kRun)) +
-          " L$1; what the launcher would be started with stands behind --: nothing was checked "
-          "[wrong-call]\n"
-          "    help: QVXRunCheck.exe --help shows both forms of call\n");
+  EXPECT_EQ(Answer({"L$1", kRun, kFlow}),
+            "error: L$1 stands without -- before it: what the launcher is started with stands "
+            "behind --: nothing was checked [wrong-call]\n"
+            "    help: QVXRunCheck.exe --help shows both forms of call\n");
+  EXPECT_EQ(status, 2);
 }
 
 }  // namespace

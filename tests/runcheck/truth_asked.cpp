@@ -128,9 +128,6 @@ class Comparison {
 /// Codes whose sentence is that the launcher stops, whatever else the run is.
 const std::set<std::string> kFaultCodes = {"text-too-long", "cannot-allocate", "library-failed"};
 
-/// Errors about how a call looks, which a family that reads no CMX file can come through.
-const std::set<std::string> kLookCodes = {"call-quotation-mark", "call-token-order"};
-
 }  // namespace
 
 AskedCheck::AskedCheck(const LauncherStart& start, const Site& site)
@@ -224,7 +221,7 @@ std::string AskedCheck::Untruths(const LauncherProcess& launcher, int status,
   const bool isWhole = status == 0 && !isFault && !cannotStart &&
                        console.find("::INVALID_HANDLE_VALUE") == std::string::npos;
   for (const AnsweredDiagnostic& diagnostic : answer_.diagnostics) {
-    if (isWhole && diagnostic.severity == "error" && !kLookCodes.contains(diagnostic.code)) {
+    if (isWhole && diagnostic.severity == "error") {
       comparison.Expect("run", diagnostic.code, "as it is meant");
     }
   }
