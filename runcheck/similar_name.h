@@ -18,8 +18,8 @@ std::size_t EditDistance(std::string_view left, std::string_view right, std::siz
 /// least one. Letter case, blanks, underscores and an extension that both have do not count.
 bool IsSimilar(std::string_view name, std::string_view meant);
 
-/// True when `meant` with words left out is `name`: "ValueFolder" of "ValueShareFolder". A word begins
-/// with a capital letter.
+/// True when `meant` with words left out is `name`: "ValueFolder" of "ValueShareFolder". A word
+/// begins with a capital letter.
 bool IsShortened(std::string_view name, std::string_view meant);
 
 /// The most similar of `names`; empty when none is similar.

@@ -298,21 +298,40 @@ TEST_F(RunCheckSlips, APreviousShotThatIsTooLongIsSaidOnce) {
 }
 
 TEST_F(RunCheckSlips, QuotationMarksAroundTheTokensAreSaidOnce) {
-  EXPECT_EQ(FindingsFor("\"" + std::string(kRun) + "\""), "@@");
+  EXPECT_EQ(FindingsFor("\"" + std::string(kRun) + "\""),
+            "error: \"<site>\\Home*<site>\\Work\\Sample*Sample*3*01\" holds a quotation mark: the "
+            "launcher would go to a folder that cannot exist [call-quotation-mark]\n"
+            "    help: a backslash before a closing quotation mark is left out\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckSlips, SlashesBetweenTheTokens) {
-  EXPECT_EQ(FindingsFor("C:\\Q/C:\\P\\S/S/0/01"), "@@");
+  EXPECT_EQ(FindingsFor("C:\\Q/C:\\P\\S/S/0/01"),
+            "error: the tokens are separated by / and not by *: the launcher would take the whole "
+            "list as the home folder [call-separator]\n"
+            "    help: the list is written C:\\Q*C:\\P\\S*S*0*01\n"
+            "\n"
+            "1 error: this run would not start.\n");
 }
 
 TEST_F(RunCheckSlips, AProjectDirectoryThatIsAFileOfIt) {
   EXPECT_EQ(
       FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis\\Run01\\Sample01.cmx*Sample*0*01"),
-      "@@");
+      "error: the project directory <site>\\Work\\Sample\\Analysis\\Run01\\Sample01.cmx is a file: "
+      "the run would lose its log [project-folder]\n"
+      "    help: it is written <site>\\Work\\Sample\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckSlips, AVariableForTheHomeFolder) {
-  EXPECT_EQ(FindingsFor("%HOME%*<site>\\Work\\Sample*Sample*0*01"), "@@");
+  EXPECT_EQ(FindingsFor("%HOME%*<site>\\Work\\Sample*Sample*0*01"),
+            "error: the home folder %HOME% is relative: the launcher would look below the folder "
+            "that it is started in [home-folder]\n"
+            "    help: a variable between % is not replaced here\n"
+            "\n"
+            "1 error: this run would not start.\n");
 }
 
 }  // namespace
