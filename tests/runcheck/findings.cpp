@@ -26,7 +26,7 @@ std::string RunCheckTest::Answer(std::vector<std::string> arguments) const {
 std::string RunCheckTest::Findings(const std::vector<std::string>& launcherArguments) const {
   std::vector<std::string> arguments = {"--"};
   arguments.insert(arguments.end(), launcherArguments.begin(), launcherArguments.end());
-  const std::string answer = Answer(arguments);
+  std::string answer = Answer(arguments);
   // Behind the heading and the facts, which begin with "Run" and two blanks.
   for (std::size_t start = 0; start < answer.size(); start = answer.find('\n', start) + 1) {
     const std::string_view line = std::string_view(answer).substr(start);
