@@ -90,13 +90,4 @@ std::string HelpText() {
   return text;
 }
 
-std::string CommandLineOf(const std::vector<std::string>& launcherArguments) {
-  std::string line;
-  for (const std::string& argument : launcherArguments) {
-    const bool isQuoted = argument.empty() || argument.find_first_of(" \t") != std::string::npos;
-    line += (line.empty() ? "" : " ") + (isQuoted ? '"' + argument + '"' : argument);
-  }
-  return line;
-}
-
 }  // namespace qvx::runcheck

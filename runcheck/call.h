@@ -30,7 +30,4 @@ Call ParseCall(const std::vector<std::string>& arguments);
 
 std::string HelpText();
 
-/// The launcher's arguments as one line that a shell takes.
-std::string CommandLineOf(const std::vector<std::string>& launcherArguments);
-
 }  // namespace qvx::runcheck

@@ -52,4 +52,13 @@ bool IsAbsolutePath(std::string_view path) {
   return path.size() >= 3 && isLetter(path[0]) && path[1] == ':' && IsSlash(path[2]);
 }
 
+std::string CommandLineOf(const std::vector<std::string>& launcherArguments) {
+  std::string line;
+  for (const std::string& argument : launcherArguments) {
+    const bool isQuoted = argument.empty() || argument.find_first_of(" \t") != std::string::npos;
+    line += (line.empty() ? "" : " ") + (isQuoted ? '"' + argument + '"' : argument);
+  }
+  return line;
+}
+
 }  // namespace qvx::runcheck

@@ -49,4 +49,7 @@ bool LooksLikePath(std::string_view text);
 /// "C:\..." or "\\..."; forward slashes count too.
 bool IsAbsolutePath(std::string_view path);
 
+/// The launcher's arguments as one line that a shell takes.
+std::string CommandLineOf(const std::vector<std::string>& launcherArguments);
+
 }  // namespace qvx::runcheck

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "runcheck/call.h"
 #include "runcheck/cmx_facts.h"
 #include "runcheck/similar_name.h"
 #include "support/numbers.h"

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "runcheck/call.h"
+#include "runcheck/call_facts.h"
 #include "runcheck/check.h"
 #include "runcheck/explain_status.h"
 #include "runcheck/files.h"
