@@ -52,23 +52,21 @@ std::string ReaderFault(const runcheck::SectionReading& reading, const plain::Cm
   return end.fault;
 }
 
-/// The first text that each reader finds too long is told, in their order, and without any such
-/// text none is.
+/// The text that stops each reader is told, the first reader's first; without any such text none
+/// is. One line may stop two readers and is told once.
 void CheckTooLong(const runcheck::CmxFacts& facts, const plain::CmxFile& file) {
   runcheck::Diagnostics told;
   runcheck::CheckWidths(facts, told);
-  auto next = told.begin();
   bool isTooLarge = false;
   bool stops = false;
   for (const runcheck::SectionReading& reading : facts.Readings()) {
     const std::string fault = ReaderFault(reading, file, isTooLarge);
     if (isTooLarge) return;
     if (fault.empty()) continue;
-    const auto found = std::ranges::find(next, told.end(), fault, &runcheck::Diagnostic::summary);
+    const auto found = std::ranges::find(told, fault, &runcheck::Diagnostic::summary);
     if (found == told.end() || (!stops && found != told.begin())) {
       Differ("too long", fault, told.empty() ? "" : told.front().summary);
     }
-    next = found + 1;
     stops = true;
   }
   if (!stops && !told.empty()) Differ("too long", "", told.front().summary);
