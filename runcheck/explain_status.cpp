@@ -43,7 +43,7 @@ constexpr StatusMeaning kSystem[] = {
     {0xC000007B, "a library of the solver is for another machine"},
     {0xC0000094, "the solver divided by zero"},
     {0xC00000FD, "the solver's stack overflowed"},
-    {0xC0000135, "a library that the solver needs is missing"},
+    {0xC0000135, "a library that the launcher or the solver needs is missing"},
     {0xC0000139, "a library that the solver needs is of another version"},
     {0xC000013A, "the solver was ended by Ctrl-C or a closing window"},
     {0xC0000142, "a library of the solver did not start"},

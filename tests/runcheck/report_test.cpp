@@ -293,9 +293,10 @@ TEST_F(RunCheckReport, TheLaunchersOwnStatus) {
 }
 
 TEST_F(RunCheckReport, TheSystemsStatus) {
-  EXPECT_EQ(Answer({"--explain-status", "0xC0000135"}),
-            "-1073741515 (0xC0000135): a library that the solver needs is missing; the system "
-            "says: Module not found.\n");
+  EXPECT_EQ(
+      Answer({"--explain-status", "0xC0000135"}),
+      "-1073741515 (0xC0000135): a library that the launcher or the solver needs is missing; the "
+      "system says: Module not found.\n");
   EXPECT_EQ(status, 0);
 }
 

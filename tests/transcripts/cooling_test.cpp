@@ -94,9 +94,10 @@ TEST(Transcript, OfASharedMemoryCoolingRunWithoutSolvers) {
   ExpectTranscript("cooling-shared-memory-without-solvers", scenario);
 }
 
+/// As soon as the handler is there.
 TEST(Transcript, OfACancelBeforeTheFirstCoolingPass) {
   Scenario scenario = SerialCoolingRun();
-  scenario.events = {{{"GetPrivateProfileStringA", 1}, {CTRL_C_EVENT}}};
+  scenario.events = {{{"construction", 1}, {CTRL_C_EVENT}}};
   ExpectTranscript("cooling-cancelled-before-the-first-pass", scenario);
 }
 

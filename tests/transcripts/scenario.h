@@ -34,6 +34,7 @@ struct FolderEntry {
 struct Scenario {
   std::vector<std::string> arguments;
   std::map<std::string, std::string> files;  ///< by path, what the launcher itself can open
+  int failingRead = 0;                       ///< of all lines read, counted from 1; 0 for none
   std::vector<FolderEntry> oldLogs;
   std::vector<Child> children;
   std::optional<std::string> installPath =

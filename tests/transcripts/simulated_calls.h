@@ -44,6 +44,7 @@
 #define QVX_RUNTIME_CALLS(X) \
   X(exit)                    \
   X(fclose)                  \
+  X(ferror)                  \
   X(fflush)                  \
   X(fgets)                   \
   X(fopen)                   \

@@ -58,6 +58,8 @@ class SimulatedMachine {
   PHANDLER_ROUTINE consoleHandler = nullptr;
   std::vector<RunningState> children;
   std::vector<FolderEntry> logs;
+  int linesRead = 0;
+  bool readFailed = false;
   LauncherContext* context = nullptr;  ///< known as soon as its first member is built
 
  private:

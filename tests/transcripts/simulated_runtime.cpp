@@ -80,6 +80,7 @@ std::FILE* fopen(const char* path, const char* mode) {
     Record(line + "none");
     return nullptr;
   }
+  Machine().readFailed = false;
   const std::string whole = path;
   names[file] = whole.substr(whole.rfind('\\') + 1);
   Record(line + names[file]);
@@ -88,11 +89,18 @@ std::FILE* fopen(const char* path, const char* mode) {
 
 char* fgets(char* text, int size, std::FILE* file) {
   const OwnMemory ownMemory;
+  const std::string stream = Name(file) + ", " + std::to_string(size) + " characters at a time";
+  if (++Machine().linesRead == Machine().scenario.failingRead) {
+    Machine().readFailed = true;
+    CountLineRead(stream, "an error");
+    return nullptr;
+  }
   char* line = SystemFgets()(text, size, file);
-  CountLineRead(Name(file) + ", " + std::to_string(size) + " characters at a time",
-                line != nullptr);
+  CountLineRead(stream, line == nullptr ? "its end" : "");
   return line;
 }
+
+int ferror(std::FILE*) { return Machine().readFailed; }
 
 int fclose(std::FILE* file) {
   const Observation observation("fclose");

@@ -22,7 +22,7 @@ struct State {
   bool outOfMemoryHandler = false;
   std::string readStream;  ///< lines of it were read in a row; empty for none
   int linesRead = 0;
-  bool endRead = false;
+  std::string readEnd;
   std::vector<std::pair<char*, std::size_t>> lent;
 };
 
@@ -67,7 +67,7 @@ std::string QuotedUnits(std::basic_string_view<Unit> text) {
 void RecordChanges() {
   if (!state.readStream.empty()) {
     Append("lines read from " + state.readStream + ": " + std::to_string(state.linesRead) +
-           (state.endRead ? ", then its end" : ""));
+           (state.readEnd.empty() ? "" : ", then " + state.readEnd));
     state.readStream.clear();
   }
   const int flag = cancelFlag;
@@ -141,15 +141,18 @@ Observation::Observation(const char* function) : function_(function) {
 
 Observation::~Observation() { Machine().EndCall(function_); }
 
-void CountLineRead(const std::string& stream, bool found) {
+void CountLineRead(const std::string& stream, const std::string& end) {
   if (stream != state.readStream) {
     RecordChanges();
     state.readStream = stream;
     state.linesRead = 0;
-    state.endRead = false;
+    state.readEnd.clear();
   }
-  if (found) ++state.linesRead;
-  if (!found) state.endRead = true;
+  if (end.empty()) {
+    ++state.linesRead;
+  } else {
+    state.readEnd = end;
+  }
 }
 
 void LendText(void* text, std::size_t length, std::size_t unit) {

@@ -54,8 +54,9 @@ class Observation {
   bool fails_ = false;
 };
 
-/// Reads lines in a row as one line of the transcript.
-void CountLineRead(const std::string& stream, bool found);
+/// Reads lines in a row as one line of the transcript. `end`: what came in place of a line; empty
+/// for a line.
+void CountLineRead(const std::string& stream, const std::string& end);
 
 /// A text that a closed library lends until the launcher's next call to the outside: it is made
 /// unreadable then. Bytes of zeros end it; `unit` is 1 or 2 bytes.

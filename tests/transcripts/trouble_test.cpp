@@ -14,6 +14,13 @@ TEST(Transcript, OfASolverThatCannotBeStarted) {
   ExpectTranscript("solver-not-started", scenario);
 }
 
+/// Ends the reading like the file's end; what stands behind it is missing.
+TEST(Transcript, OfACmxFileThatCannotBeReadToItsEnd) {
+  Scenario scenario = SerialRun();
+  scenario.failingRead = 5;
+  ExpectTranscript("cmx-file-not-read-to-its-end", scenario);
+}
+
 TEST(Transcript, OfALogThatCannotBeCreated) {
   Scenario scenario = DmpRun();
   scenario.failures = {{{"CreateFileA", 1}, ERROR_PATH_NOT_FOUND}};
