@@ -12,4 +12,4 @@ set_tests_properties(truth_tests PROPERTIES RESOURCE_LOCK machine_state TIMEOUT 
 add_test(NAME no_harm_sources COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/check_no_harm_sources)
 add_test(NAME no_harm_prefix
   COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/check_no_harm_prefix ${PROJECT_BINARY_DIR})
-set_tests_properties(no_harm_prefix PROPERTIES TIMEOUT 240)
+set_tests_properties(no_harm_prefix PROPERTIES TIMEOUT 600)

@@ -37,7 +37,8 @@ bool NextEntry(WIN32_FIND_DATAA& found, std::string& shown) {
     name.copy(found.cFileName, sizeof found.cFileName - 1);
     const bool isFolder = (entry.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     shown = std::string(isFolder ? "folder " : "file ") + Quoted(name);
-    const DWORD rare = entry.attributes & ~(FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_ARCHIVE);
+    constexpr DWORD kUsual = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_ARCHIVE;
+    const DWORD rare = entry.attributes & ~kUsual;
     if (rare != 0) {
       shown += ", " + Flags(rare, {{FILE_ATTRIBUTE_READONLY, "FILE_ATTRIBUTE_READONLY"},
                                    {FILE_ATTRIBUTE_HIDDEN, "FILE_ATTRIBUTE_HIDDEN"},
