@@ -23,7 +23,7 @@ struct CallFacts {
   std::vector<std::string> tokens;  ///< without empty ones
   bool hasEmptyToken;               ///< two separators stand side by side
 
-  std::string Token(TokenNumber number) const;
+  [[nodiscard]] std::string Token(TokenNumber number) const;
 };
 
 /// `arguments`: at least two.

@@ -17,23 +17,23 @@ class CmxFacts {
   CmxFacts(const CmxFacts&) = delete;
   CmxFacts& operator=(const CmxFacts&) = delete;
 
-  const CmxFile& File() const { return file_; }
-  const std::vector<CmxLine>& Lines() const { return lines_.lines; }
-  SolverClass Family() const { return solverClass_; }
+  [[nodiscard]] const CmxFile& File() const { return file_; }
+  [[nodiscard]] const std::vector<CmxLine>& Lines() const { return lines_.lines; }
+  [[nodiscard]] SolverClass Family() const { return solverClass_; }
 
   /// Of the sections that are read for the solver class alone, in the order of their reading.
-  const std::vector<SectionReading>& Readings() const { return readings_; }
+  [[nodiscard]] const std::vector<SectionReading>& Readings() const { return readings_; }
   /// Null for a section that is not read.
-  const SectionReading* Reading(const CmxSection& section) const;
+  [[nodiscard]] const SectionReading* Reading(const CmxSection& section) const;
 
   /// As the launcher decides.
-  bool IsDistributed() const { return isDistributed_; }
+  [[nodiscard]] bool IsDistributed() const { return isDistributed_; }
   /// Several machines are asked for, and not by a slip.
-  bool IsMeantDistributed() const { return isDistributed_ && !localIsMeant_; }
-  bool IsSharedMemory() const;
+  [[nodiscard]] bool IsMeantDistributed() const { return isDistributed_ && !localIsMeant_; }
+  [[nodiscard]] bool IsSharedMemory() const;
 
   /// True when what the section says has an effect on the run.
-  bool Matters(const CmxSection& section) const;
+  [[nodiscard]] bool Matters(const CmxSection& section) const;
 
  private:
   CmxFile file_;

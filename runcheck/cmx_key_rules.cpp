@@ -62,11 +62,11 @@ class KeyRules {
   }
 
  private:
-  const CmxSection& Section() const { return *reading_.section; }
+  [[nodiscard]] const CmxSection& Section() const { return *reading_.section; }
 
   /// True when the run turns out differently because `key` is not set, `value` being what was
   /// meant.
-  bool Changes(const CmxKey& key, std::string_view value) const {
+  [[nodiscard]] bool Changes(const CmxKey& key, std::string_view value) const {
     if (reading_.Find(key.name) != nullptr) return false;
     switch (key.use) {
       case KeyUse::Mode:
@@ -130,12 +130,12 @@ class KeyRules {
     }
   }
 
-  bool IsOtherTag(std::string_view text) const {
+  [[nodiscard]] bool IsOtherTag(std::string_view text) const {
     return text.starts_with('<') && text.ends_with('>') && text != OpeningTag(Section());
   }
 
   /// A line of a block that is over or was never opened: the block's own rules speak of it.
-  bool IsStrayEntry(const SettingLine& setting) const {
+  [[nodiscard]] bool IsStrayEntry(const SettingLine& setting) const {
     return &Section() == &kRemoteMachinesSection &&
            (IsPlainNumber(setting.key) || setting.value.find('\t') != std::string::npos);
   }
@@ -169,7 +169,7 @@ class KeyRules {
   void CheckOutside() {
     for (const CmxLine& line : facts_.Lines()) {
       const std::size_t equals = line.text.find('=');
-      if (equals == std::string_view::npos || equals > 64) continue;
+      if (equals > kLongestShownKey) continue;  // none, too
       const std::string_view name = Trimmed(line.text.substr(0, equals));
       const CmxKey* key = FindKey(Section(), name);
       if (key == nullptr || key->use == KeyUse::Shown || reading_.Find(name) != nullptr) continue;

@@ -54,11 +54,11 @@ struct SectionReading {
   std::vector<SettingLine> settings;
 
   /// The last line that sets `key`; null when none does.
-  const SettingLine* Find(std::string_view key) const;
+  [[nodiscard]] const SettingLine* Find(std::string_view key) const;
   /// The value that the launcher then has; empty when no line sets it.
-  std::string ValueOf(std::string_view key) const;
+  [[nodiscard]] std::string ValueOf(std::string_view key) const;
   /// The machine with the most tasks; null without machines.
-  const SettingLine* MostTasks() const;
+  [[nodiscard]] const SettingLine* MostTasks() const;
 };
 
 SectionReading ReadLines(const CmxLines& lines, const CmxSection& section);

@@ -55,12 +55,12 @@ class MachineRules {
     found_.push_back(diagnostic.At(ValueRange(facts_.File(), setting), setting.line->whole));
   }
 
-  const SettingLine* Opener(LineRole role) const {
+  [[nodiscard]] const SettingLine* Opener(LineRole role) const {
     return reading_.Find(role == LineRole::Machine ? "ValueMachineSetting"
                                                    : "ValueMachineWeighting");
   }
 
-  std::vector<const SettingLine*> EntriesOf(LineRole role) const {
+  [[nodiscard]] std::vector<const SettingLine*> EntriesOf(LineRole role) const {
     std::vector<const SettingLine*> entries;
     for (const SettingLine& setting : reading_.settings) {
       if (setting.role == role) entries.push_back(&setting);
@@ -113,7 +113,7 @@ class MachineRules {
   }
 
   /// A line that a person would write into a block.
-  bool LooksLikeEntry(const SettingLine& setting, LineRole role) const {
+  [[nodiscard]] bool LooksLikeEntry(const SettingLine& setting, LineRole role) const {
     const std::string_view text = TrimmedOfInvisible(setting.line->text);
     const bool isRemark = text.starts_with(';') || text.starts_with('#') || text.starts_with("//");
     if (isRemark || FindKey(*reading_.section, setting.key) != nullptr ||

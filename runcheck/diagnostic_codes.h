@@ -246,7 +246,7 @@ inline constexpr CodeRow kCodes[] = {
 class Code {
  public:
   consteval Code(const char* code) : row_(Find(code)) {}  // NOLINT: a code is its text
-  const CodeRow& Row() const { return kCodes[row_]; }
+  [[nodiscard]] const CodeRow& Row() const { return kCodes[row_]; }
 
  private:
   static consteval std::size_t Find(std::string_view code) {

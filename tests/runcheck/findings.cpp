@@ -33,9 +33,10 @@ std::string RunCheckTest::Findings(const std::vector<std::string>& launcherArgum
     if (!line.starts_with("Run ") && !line.starts_with("  ") && !line.starts_with("\n")) {
       // A site's name has no fixed length, nor have markers under it.
       std::string findings = answer.substr(start);
-      const auto repeated = std::ranges::unique(
-          findings, [](char left, char right) { return left == '~' && right == '~'; });
-      findings.erase(repeated.begin(), repeated.end());
+      const auto rest = std::unique(findings.begin(), findings.end(), [](char left, char right) {
+        return left == '~' && right == '~';
+      });
+      findings.erase(rest, findings.end());
       return findings;
     }
   }
