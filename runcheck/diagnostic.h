@@ -36,7 +36,7 @@ struct Diagnostic {
   std::optional<Range> range;
   std::string snippet;  ///< the range's line
 
-  Diagnostic(Code code, std::string summary);
+  Diagnostic(Code code, std::string text);
 
   /// Each changes what the code's row gives, and returns the diagnostic.
   Diagnostic& Grave(bool grave = true);  ///< takes the row's gravest severity
