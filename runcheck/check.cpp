@@ -55,7 +55,7 @@ class RunCheck {
 
  private:
   /// True when everything is there that the launcher needs, however the call looks.
-  bool LeadsToARun(const RunPlaces& places) const {
+  [[nodiscard]] bool LeadsToARun(const RunPlaces& places) const {
     return KindOf(places.home + "\\Bin") == FileKind::Folder &&
            KindOf(places.runFolder) == FileKind::Folder &&
            (AlwaysRunsSerially(call_.family) || KindOf(places.cmxPath) == FileKind::File);
@@ -122,7 +122,7 @@ class RunCheck {
     report.passes = std::move(prediction_.passes);
   }
 
-  std::string FamilyReason() const {
+  [[nodiscard]] std::string FamilyReason() const {
     const ClassRule* rule = call_.rule;
     if (rule == nullptr) return "no rule fits " + call_.solver;
     const std::string word = "\"" + std::string(rule->text) + "\"";

@@ -56,15 +56,17 @@ class ValueRules {
   }
 
  private:
-  std::string Name() const { return std::string(key_.name); }
-  std::string Shown() const { return value_.empty() ? "empty" : value_; }
+  [[nodiscard]] std::string Name() const { return std::string(key_.name); }
+  [[nodiscard]] std::string Shown() const { return value_.empty() ? "empty" : value_; }
 
-  bool IsCoolingFlag() const { return key_.name == "Flag3DSolidCoolingChannel"; }
+  [[nodiscard]] bool IsCoolingFlag() const { return key_.name == "Flag3DSolidCoolingChannel"; }
 
-  bool IsPositiveNumber() const { return IsPlainNumber(value_) && !value_.starts_with('0'); }
+  [[nodiscard]] bool IsPositiveNumber() const {
+    return IsPlainNumber(value_) && !value_.starts_with('0');
+  }
 
   /// True when the run turns out differently than `value_` was meant.
-  bool Changes() const {
+  [[nodiscard]] bool Changes() const {
     switch (key_.use) {
       case KeyUse::Mode:
         return value_ != "0" && MeansLocal(value_);
@@ -117,7 +119,7 @@ class ValueRules {
     }
   }
 
-  Diagnostic Wrong(Code code, const std::string& summary) const {
+  [[nodiscard]] Diagnostic Wrong(Code code, const std::string& summary) const {
     const std::string right = Cleaned(value_);
     Diagnostic diagnostic(code, summary);
     if (!right.empty()) diagnostic.Suggest(right, "the value is written " + right);
@@ -158,7 +160,7 @@ class ValueRules {
   }
 
   /// Where a comment begins; npos when there is none. In names and paths only behind a blank.
-  std::size_t CommentStart(std::string_view value) const {
+  [[nodiscard]] std::size_t CommentStart(std::string_view value) const {
     const bool isText =
         key_.use == KeyUse::Host || key_.use == KeyUse::Folder || key_.use == KeyUse::Text;
     for (std::size_t i = 1; i < value.size(); ++i) {

@@ -79,7 +79,7 @@ bool MayWriteInto(const std::string& folder) {
 std::string ProgramOf(const std::string& commandLine) {
   // Up to each blank in turn, the whole at last.
   for (std::size_t end = commandLine.find(' ');; end = commandLine.find(' ', end + 1)) {
-    const std::string program = Existing(commandLine.substr(0, end));
+    std::string program = Existing(commandLine.substr(0, end));
     if (!program.empty()) return program;
     if (end == std::string::npos) return {};
   }

@@ -24,7 +24,7 @@ namespace {
 // Addresses within this program's image.
 template <typename Type>
 const Type* At(std::uintptr_t offset) {
-  return reinterpret_cast<const Type*>(reinterpret_cast<std::uintptr_t>(GetModuleHandleA(nullptr)) +
+  return reinterpret_cast<const Type*>(reinterpret_cast<const char*>(GetModuleHandleA(nullptr)) +
                                        offset);
 }
 

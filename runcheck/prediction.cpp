@@ -72,6 +72,7 @@ Pass PredictPass(LauncherContext& context) {
 
 void PredictRun(Prediction& prediction, std::vector<std::string> arguments) {
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   prediction.context = std::make_unique<LauncherContext>();

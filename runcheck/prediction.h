@@ -29,7 +29,7 @@ struct Pass {
   int processCount = 0;
   std::vector<double> weights;
 
-  bool IsUnderMpi() const { return mode != ComputeMode::Serial; }
+  [[nodiscard]] bool IsUnderMpi() const { return mode != ComputeMode::Serial; }
 };
 
 struct Prediction {

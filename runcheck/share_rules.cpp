@@ -39,7 +39,7 @@ class ShareRules {
   }
 
   /// True when a line that was meant to set `key` is told already.
-  bool IsTold(std::string_view key) const {
+  [[nodiscard]] bool IsTold(std::string_view key) const {
     return reading_.Find(key) == nullptr && IsKeyTold(found_, key);
   }
 
