@@ -54,6 +54,7 @@ const char* SolverExecutableArgument(int argumentCount, char** arguments) {
   if (argumentCount >= 3) return arguments[2];
   // With two arguments the token list doubles as the name, on purpose.
   if (argumentCount == 2) return arguments[1];
+  // The entry sequence lets no such call through. Deliberate, and kept.
   Print("SolverExe is not specified! Use QuorvexFakeSolver.exe as the solver.\n");
   return "QuorvexFakeSolver.exe";
 }

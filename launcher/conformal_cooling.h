@@ -1,4 +1,4 @@
-// Conformal cooling: a COOL run whose mould has 3D solid cooling channels runs the flow solver
+// Conformal cooling: a COOL run whose mold has 3D solid cooling channels runs the flow solver
 // first, with the cooling run's arguments.
 #pragma once
 

@@ -1,5 +1,5 @@
-// The debug trace: diagnostic lines on standard output, switched on by a file that an administrator
-// puts on the machine.
+// The debug trace: diagnostic lines on standard output, switched on by a file that somebody puts on
+// the machine.
 #pragma once
 
 #include "launcher/launcher_context.h"

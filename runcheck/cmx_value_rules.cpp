@@ -203,7 +203,7 @@ bool IsUsed(const CmxFacts& facts, const SectionReading& reading, const CmxKey& 
     case KeyUse::MachineCount:  // with the blocks
       return false;
     case KeyUse::Tasks:
-      return facts.IsSharedMemory();
+      return !facts.IsMeantDistributed() && reading.ValueOf("ValueLocalNoTask") != "1";
     case KeyUse::LocalTasks:
       return !facts.IsMeantDistributed();
     case KeyUse::Host:

@@ -113,6 +113,7 @@ NetworkAnswers AskNetwork(const std::vector<std::string>& hosts,
   if (isComplete) {
     for (std::thread& thread : threads) thread.join();
   }
+  // Threads says why they stay. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
   const std::lock_guard lock(board->mutex);
   NetworkAnswers answers = board->answers;
   answers.isComplete = isComplete;

@@ -1,4 +1,4 @@
-// The `SOLID_COOL` section of the CMX file: whether the mould has 3D solid cooling channels.
+// The `SOLID_COOL` section of the CMX file: whether the mold has 3D solid cooling channels.
 #pragma once
 
 #include <cstdint>

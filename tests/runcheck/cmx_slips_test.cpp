@@ -601,5 +601,22 @@ TEST(CmxSlips, AWeightingTooManyHasNoSum) {
             "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
 
+TEST(CmxSlips, ATaskCountBesideAnotherSlipOfALocalRun) {
+  EXPECT_EQ(
+      Found("<TASKMANAGER>\n"
+            "IDTaskMode = 0 # local\n"
+            "ValueNoTask = -3\n"
+            "ValueLocalNoTask = 2\n"
+            "</TASKMANAGER>\n"),
+      "Sample03.cmx:2:16: error: a comment stands behind the value of IDTaskMode: the value is "
+      "not 0 and the run would be distributed [cmx-comment]\n"
+      "    2 | IDTaskMode = 0 # local\n"
+      "      |                ^~~~~~~ help: the value is written 0\n"
+      "Sample03.cmx:3:15: error: ValueNoTask is -3, no number above 0: the MPI process launcher "
+      "would be asked for no process [task-count]\n"
+      "    3 | ValueNoTask = -3\n"
+      "      |               ^~ help: ValueNoTask is 1 or more\n");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck

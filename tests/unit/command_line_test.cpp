@@ -147,6 +147,7 @@ TEST(SolverExecutable, IsTheTokenListWhenThereAreTwoArguments) {
   EXPECT_STREQ(result.context->flowArgument.runNumber, "7");
 }
 
+// The entry sequence lets no call of fewer arguments through; the stand-in is kept all the same.
 TEST(SolverExecutable, IsTheStandInWhenThereIsNone) {
   const Interpreted result = Interpret({"L$1"});
   EXPECT_EQ(result.printed,
