@@ -29,7 +29,7 @@ int RunLauncher(std::string tokens) {
 
 constexpr int kExitCode = 7;
 
-/// Seconds until the program prints its countdown's first line, behind the exit code of its solver;
+/// Seconds until the program prints its countdown's first line, after the exit code of its solver;
 /// it is ended then.
 double SecondsToCountdown(const std::string& program, const std::string& commandLine) {
   return Seconds([&] {

@@ -32,7 +32,7 @@ namespace {
 
 const auto kSystemCreateProcess = reinterpret_cast<decltype(&CreateProcessA)>(__imp_CreateProcessA);
 
-/// The first allocation behind the start of the child fails.
+/// The first allocation after the start of the child fails.
 BOOL WINAPI CreateProcessAndRunOut(const char* program, char* commandLine,
                                    SECURITY_ATTRIBUTES* ofProcess, SECURITY_ATTRIBUTES* ofThread,
                                    BOOL inherits, DWORD flags, void* environment,

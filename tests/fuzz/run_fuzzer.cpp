@@ -69,7 +69,7 @@ class Comparison {
     CheckNumber("conformal", run_.isConformal ? 1 : 0, int{context.conformalCoolingFlag});
   }
 
-  /// Returns whether the run goes on behind it.
+  /// Returns whether the run goes on after it.
   bool CarryPass() {
     LauncherContext& context = *context_;
     if (passes_ == run_.passes.size()) Differ("passes", std::to_string(passes_), "more");

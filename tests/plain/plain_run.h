@@ -14,10 +14,10 @@
 
 namespace qvx::plain {
 
-/// Why a reading or a run ends early. The first reason counts, and the facts behind it do not.
+/// Why a reading or a run ends early. The first reason counts, and the facts after it do not.
 struct End {
   std::string fault;        ///< the line on standard error, without "ERROR: "
-  bool isOfLaunch = false;  ///< the fault comes behind the argument string
+  bool isOfLaunch = false;  ///< the fault comes after the argument string
   bool isTooLarge = false;  ///< a list of more than `kMostCounted` entries: memory decides
 
   bool Happened() const { return isTooLarge || !fault.empty(); }

@@ -48,7 +48,7 @@ struct Scenario {
   /// A number that no command line gives, put into the launcher context at a call.
   std::map<CallNumber, std::uint32_t> solverClasses;
   bool isAtConsole = false;   ///< standard output is one, no pipe
-  std::string exhaustedFrom;  ///< no memory behind this function's first call
+  std::string exhaustedFrom;  ///< no memory after this function's first call
 };
 
 }  // namespace qvx::test

@@ -118,13 +118,13 @@ TEST(Transcript, OfAFaultBehindTheStartOfTheChild) {
   Scenario scenario = SmpRun();
   const std::wstring configuration(32700, L'c');
   scenario.libraries.mpiConfiguration = configuration.c_str();
-  ExpectTranscriptOfFault("fault-behind-the-start-of-the-child", scenario);
+  ExpectTranscriptOfFault("fault-after-the-start-of-the-child", scenario);
 }
 
 TEST(Transcript, OfMemoryThatEndsBehindTheStartOfTheChild) {
   Scenario scenario = SerialRun();
   scenario.exhaustedFrom = "CreateFileA";
-  ExpectTranscriptOfFault("out-of-memory-behind-the-start-of-the-child", scenario);
+  ExpectTranscriptOfFault("out-of-memory-after-the-start-of-the-child", scenario);
 }
 
 }  // namespace
