@@ -82,7 +82,7 @@ class ProgramRules {
   }
 
  private:
-  const LauncherContext& Context() const { return *prediction_.context; }
+  [[nodiscard]] const LauncherContext& Context() const { return *prediction_.context; }
 
   void CheckSolver(const Pass& pass) {
     const std::string path = WithExtension(pass.solverPath);

@@ -14,10 +14,10 @@ class Terminal {
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
 
-  bool IsTerminal() const { return isTerminal_; }
+  [[nodiscard]] bool IsTerminal() const { return isTerminal_; }
 
   /// Colours on a terminal alone, and not with `NO_COLOR`.
-  TextStyle Style() const { return style_; }
+  [[nodiscard]] TextStyle Style() const { return style_; }
 
   /// `text`: in the ANSI code page. A terminal shows it as characters, a file gets its bytes.
   void Write(const std::string& text) const;

@@ -47,7 +47,7 @@ RunPlan Meddle(std::string (*meddle)(const Site& site)) {
   return {.script = kUpAndOn,
           .meanwhile = [meddle](LauncherProcess& launcher, const Site& site) -> std::string {
             if (!launcher.WaitForOutput("up\r\n")) return "the solver does not run";
-            const std::string complaint = meddle(site);
+            std::string complaint = meddle(site);
             site.Write("go", "");
             return complaint;
           }};
