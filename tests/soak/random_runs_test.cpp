@@ -8,7 +8,7 @@
 
 int main(int count, char** arguments) {
   using namespace qvx::test;
-  constexpr unsigned kRuns = 200;
+  constexpr unsigned kRuns = 500;
   PlannedTests tests;
   const unsigned last = Setting("QVX_SOAK_RUN", kRuns - 1);
   for (unsigned number = Setting("QVX_SOAK_RUN", 0); number <= last; ++number) {
