@@ -10,9 +10,9 @@
 
 #include "benchmark/bare_parent.h"
 #include "benchmark/figures.h"
+#include "benchmark/no_countdown.h"
 #include "launcher/entry_sequence.h"
 #include "tests/support/machine_state.h"
-#include "tests/support/no_countdown.h"
 #include "tests/support/program_path.h"
 #include "tests/support/temporary_folder.h"
 
@@ -20,7 +20,7 @@ namespace qvx::benchmark {
 namespace {
 
 int RunLauncher(std::string tokens) {
-  const test::NoCountdown noCountdown;
+  const NoCountdown noCountdown;
   std::string first = "L$1";
   std::string name = "Qvx3DFlow.exe";
   char* arguments[] = {first.data(), tokens.data(), name.data()};
