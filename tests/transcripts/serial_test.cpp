@@ -42,6 +42,8 @@ TEST(Transcript, OfASolverThatEndsBeforeItsOutputIsRead) {
   Scenario scenario = SerialRun();
   scenario.children = {{.output = {"read", "never read"}, .exitCode = 0, .endsEarly = true}};
   ExpectTranscript("serial-last-output-unread", scenario);
+  scenario.children[0].exitCode = 3;
+  ExpectTranscript("serial-last-output-of-a-failure-unread", scenario);
 }
 
 TEST(Transcript, OfAnExitCodeThatLooksAlive) {
