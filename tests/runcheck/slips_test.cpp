@@ -233,20 +233,20 @@ TEST_F(RunCheckSlips, AShareWithItsHost) {
 }
 
 TEST_F(RunCheckSlips, AProjectDirectoryWithSlashes) {
-  site.WriteCmx(kDmpFile);
-  EXPECT_EQ(
-      FindingsFor(RunIn("/Work/Sample")),
-      "Sample01.cmx:8:28: error: <site>\\WORK is not in the project directory <site>/Work/Sample, "
-      "which holds slashes: the run would go to another folder [working-folder]\n"
-      "    8 | ValueParallelWorkingFolder=<site>\\WORK\n"
-      "      |                            ^~ help: the project directory is written "
-      "<site>\\Work\\Sample\n"
-      "\n"
-      "1 error: this run would not be the one that is meant.\n");
+  site.WriteCmx(Replaced(kDmpFile, "\\WORK", "\\WORK\\SAMPLE"));
+  EXPECT_EQ(FindingsFor(RunIn("\\Work/Sample")),
+            "Sample01.cmx:8:28: error: <site>\\WORK\\SAMPLE is not in the project directory "
+            "<site>\\Work/Sample, "
+            "which holds slashes: the run would go to another folder [working-folder]\n"
+            "    8 | ValueParallelWorkingFolder=<site>\\WORK\\SAMPLE\n"
+            "      |                            ^~ help: the project directory is written "
+            "<site>\\Work\\Sample\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckSlips, AProjectDirectoryWithSlashesOfALocalRunIsInOrder) {
-  EXPECT_EQ(FindingsFor(RunIn("/Work/Sample")), kInOrder);
+  EXPECT_EQ(FindingsFor(RunIn("\\Work/Sample")), kInOrder);
 }
 
 TEST_F(RunCheckSlips, TasksBeyondTheMemory) {
