@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "runcheck/cmx_rules.h"
 #include "runconfig/cmx_section_reader.h"
@@ -57,18 +58,17 @@ class Widths {
   bool TooLong(const std::string& field, std::size_t width, std::size_t length, Range range,
                const SettingLine& setting) {
     if (length < width) return false;
+    const std::string words = field + " is too long: width " + std::to_string(width) + ", length " +
+                              std::to_string(length);
     // A line may be handled twice, by two readers or as the file's last.
-    if (!told_.insert(setting.line).second) return true;
-    found_.push_back(Diagnostic("text-too-long", field + " is too long: width " +
-                                                     std::to_string(width) + ", length " +
-                                                     std::to_string(length))
-                         .At(std::move(range), setting.line->whole));
+    if (!told_.emplace(setting.line, words).second) return true;
+    found_.push_back(Diagnostic("text-too-long", words).At(std::move(range), setting.line->whole));
     return true;
   }
 
   const CmxFacts& facts_;
   Diagnostics& found_;
-  std::set<const CmxLine*> told_;
+  std::set<std::pair<const CmxLine*, std::string>> told_;
 };
 
 }  // namespace

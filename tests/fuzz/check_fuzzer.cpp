@@ -53,7 +53,7 @@ std::string ReaderFault(const runcheck::SectionReading& reading, const plain::Cm
 }
 
 /// The text that stops each reader is told, the first reader's first; without any such text none
-/// is. One line may stop two readers and is told once.
+/// is.
 void CheckTooLong(const runcheck::CmxFacts& facts, const plain::CmxFile& file) {
   runcheck::Diagnostics told;
   runcheck::CheckWidths(facts, told);

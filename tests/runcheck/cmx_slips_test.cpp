@@ -618,5 +618,40 @@ TEST(CmxSlips, ATaskCountBesideAnotherSlipOfALocalRun) {
       "      |               ^~ help: ValueNoTask is 1 or more\n");
 }
 
+TEST(CmxSlips, ALineThatStopsTwoReadersInTwoFieldsIsSaidForBoth) {
+  EXPECT_EQ(
+      Found("<TASKMANAGER>\n"
+            "IDTaskMode = 1\n"
+            "<REMOTE_MACHINES>\n"
+            "ValueNoMachine = 1\n"
+            "ValueMachineSetting = host, tasks\n"
+            "Version = 123456789012345678901234567890123\n"),
+      "Sample03.cmx:1:1: warning: TASKMANAGER is never closed [cmx-section-open]\n"
+      "    1 | <TASKMANAGER>\n"
+      "      | ^~~~~~~~~~~~~ help: the section ends with </TASKMANAGER>\n"
+      "Sample03.cmx:3:1: warning: REMOTE_MACHINES is never closed [cmx-section-open]\n"
+      "    3 | <REMOTE_MACHINES>\n"
+      "      | ^~~~~~~~~~~~~~~~~ help: the section ends with </REMOTE_MACHINES>\n"
+      "Sample03.cmx:4:18: warning: there is no line ValueMachineWeighting "
+      "[weighting-count]\n"
+      "    4 | ValueNoMachine = 1\n"
+      "      |                  ^ help: the line ValueMachineWeighting opens the block\n"
+      "Sample03.cmx:6:1: error: Version = 123456789012345678901234567890123 is taken as "
+      "machine 1 of 1: the run would go to other machines than listed [machine-line]\n"
+      "    6 | Version = 123456789012345678901234567890123\n"
+      "      | ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the "
+      "number of lines in both blocks, which follow one another without a gap\n"
+      "Sample03.cmx:6:11: error: Version is too long: width 32, length 33: the launcher would "
+      "end with -2 [text-too-long]\n"
+      "    6 | Version = 123456789012345678901234567890123\n"
+      "      |           ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: it is shortened to less than "
+      "the width\n"
+      "Sample03.cmx:6:11: error: machine host name is too long: width 32, length 33: the "
+      "launcher would end with -2 [text-too-long]\n"
+      "    6 | Version = 123456789012345678901234567890123\n"
+      "      |           ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: it is shortened to less than "
+      "the width\n");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck
