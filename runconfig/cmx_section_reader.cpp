@@ -74,13 +74,10 @@ bool ReadCmxSection(const char* path, const std::string& name,
   return true;
 }
 
-bool StoreTextField(std::span<const CmxTextField> fields, const CmxSetting& setting) {
+void StoreTextField(std::span<const CmxTextField> fields, const CmxSetting& setting) {
   for (const CmxTextField& field : fields) {
-    if (std::strcmp(setting.key, field.key) != 0) continue;
-    CopyText(field.text, field.key, setting.value);
-    return true;
+    if (std::strcmp(setting.key, field.key) == 0) CopyText(field.text, field.key, setting.value);
   }
-  return false;
 }
 
 }  // namespace qvx

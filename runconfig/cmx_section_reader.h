@@ -43,8 +43,8 @@ struct CmxTextField {
   std::span<char> text;
 };
 
-/// Copies the value into the field that the key names and returns true; false when none does.
-/// A value too long for its field is a fault.
-bool StoreTextField(std::span<const CmxTextField> fields, const CmxSetting& setting);
+/// Copies the value into the field that the key names, if one does. A value too long for its field
+/// is a fault.
+void StoreTextField(std::span<const CmxTextField> fields, const CmxSetting& setting);
 
 }  // namespace qvx

@@ -73,12 +73,11 @@ int ReadRemoteMachineSettings(const char* path, RemoteMachineSettings& record) {
     } else if (weightingBlock.open) {
       MachineEntry* machine = weightingBlock.Advance(record);
       if (machine != nullptr) StoreWeighting(*machine, setting.value);
-    } else if (StoreTextField(fields, setting)) {
+    } else {
+      StoreTextField(fields, setting);
+      machineBlock.open = key == "ValueMachineSetting";
+      weightingBlock.open = key == "ValueMachineWeighting";
       if (key == "ValueNoMachine") MakeMachineList(record);
-    } else if (key == "ValueMachineSetting") {
-      machineBlock.open = true;
-    } else if (key == "ValueMachineWeighting") {
-      weightingBlock.open = true;
     }
   });
   if (read && record.ValueStorageNode[0] == '\0') {
