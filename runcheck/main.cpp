@@ -59,35 +59,27 @@ int Refuse(const Terminal& terminal, const Call& call, const std::string& what) 
   return kWrongCall;
 }
 
-/// A line that overwrites itself, from a second on.
-void ShowProgress(const Terminal& terminal, std::chrono::milliseconds passed, std::size_t hosts) {
-  using std::chrono::duration_cast;
-  using std::chrono::seconds;
-  if (!terminal.IsTerminal() || passed < seconds(1)) return;
-  terminal.Write("\rasking " + std::to_string(hosts) + " names, " +
-                 std::to_string(duration_cast<seconds>(passed).count()) + " s ");
-}
-
 int CheckAndPrint(const Terminal& terminal, const Call& call,
                   const std::vector<std::string>& arguments, const std::string& made) {
   CheckOptions options;
   options.asksNetwork = !call.noNetwork;
   options.timeout = std::chrono::milliseconds(static_cast<long long>(call.timeout * 1000));
-  bool hasProgress = false;
-  if (!call.json) {
+  long long seconds = 0;
+  if (!call.json && terminal.IsTerminal()) {
     options.onWait = [&](std::chrono::milliseconds passed, std::size_t hosts) {
-      hasProgress = hasProgress || passed >= std::chrono::seconds(1);
-      ShowProgress(terminal, passed, hosts);
+      const auto now = std::chrono::duration_cast<std::chrono::seconds>(passed).count();
+      if (now == seconds) return;
+      seconds = now;
+      terminal.Write("\rasking " + std::to_string(hosts) + " names, " + std::to_string(now) +
+                     " s ");
     };
   }
   Check check = CheckRun(arguments, options);
-  if (hasProgress && terminal.IsTerminal()) {
-    terminal.Write("\r" + std::string(40, ' ') + "\r");
-  }
+  if (seconds != 0) terminal.Write("\r" + std::string(40, ' ') + "\r");
   check.report.call = made;
   Print(terminal, call, check.report);
   const int status = ExitStatusOf(check.report);
-  // Threads that still wait for the network would keep the process.
+  // An orderly end could wait for a lock that a thread, still waiting for the network, holds.
   if (check.leavesThreads) TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));
   return status;
 }
