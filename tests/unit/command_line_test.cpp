@@ -258,6 +258,19 @@ TEST(Tokens, OfTheShellFamiliesStandInTheFirstArgument) {
             "D:\\Home\nD:\\Proj\nPart\n1\n3\na\nb\nc\nd\n");
 }
 
+TEST(Tokens, BehindTheThreeExtraTextsOfAShellRunChangeNothing) {
+  for (const char* solver : {"QvxFlow.exe", "QvxPack.exe", "QvxCool.exe", "QvxWarp.exe"}) {
+    const auto context = std::make_unique<LauncherContext>();
+    const auto bytes = [&] {
+      return std::string(reinterpret_cast<const char*>(context.get()), sizeof(LauncherContext));
+    };
+    InterpretInto(*context, {"L$1*h*p*n*1*3*a*b*c", "-", solver});
+    const std::string before = bytes();
+    InterpretInto(*context, {"L$1*h*p*n*1*3*a*b*c*d*e", "-", solver});
+    EXPECT_TRUE(bytes() == before) << solver;
+  }
+}
+
 TEST(Tokens, GiveAShellRunAtLeastTwoDigits) {
   const auto runNumber = [](const std::string& token) {
     return std::string(Interpret({"L$1*h*p*n*0*" + token, "-", "QvxCool.exe"})
