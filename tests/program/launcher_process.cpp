@@ -45,23 +45,6 @@ std::string EnvironmentBlock(const std::map<std::string, std::string>& added) {
   return block;
 }
 
-/// Runs a program to its end; its exit code, or -1 when it cannot be started.
-int StatusOf(const std::string& program, std::string commandLine) {
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION process = {};
-  if (CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                     nullptr, &startup, &process) == 0) {
-    return -1;
-  }
-  WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD status = 0;
-  GetExitCodeProcess(process.hProcess, &status);
-  CloseHandle(process.hProcess);
-  CloseHandle(process.hThread);
-  return static_cast<int>(status);
-}
-
 }  // namespace
 
 LauncherProcess::LauncherProcess(const LauncherStart& start) {
@@ -81,7 +64,7 @@ LauncherProcess::LauncherProcess(const LauncherStart& start) {
   startup.hStdError = error.write;
   const BOOL created = CreateProcessA(
       ProgramPath(start.program).c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-      CREATE_NEW_CONSOLE, environment.data(),
+      start.hasOwnConsole ? CREATE_NEW_CONSOLE : 0, environment.data(),
       start.currentFolder.empty() ? nullptr : start.currentFolder.c_str(), &startup, &process_);
   CloseHandle(output.write);
   CloseHandle(error.write);
@@ -119,8 +102,11 @@ bool LauncherProcess::WaitForOutput(const std::string& text) {
 }
 
 bool LauncherProcess::SendCtrlC() const {
-  const std::string commandLine = "send_ctrl_c " + std::to_string(process_.dwProcessId);
-  return StatusOf(ProgramPath("tests\\send_ctrl_c.exe"), commandLine) == 0;
+  LauncherProcess sender({.program = "tests\\send_ctrl_c.exe",
+                          .firstArgument = "send_ctrl_c",
+                          .arguments = {std::to_string(process_.dwProcessId)},
+                          .hasOwnConsole = false});
+  return sender.Wait() == 0;
 }
 
 std::size_t LauncherProcess::PeakWorkingSet() const {
