@@ -45,6 +45,24 @@ std::string EnvironmentBlock(const std::map<std::string, std::string>& added) {
   return block;
 }
 
+/// Runs a program to its end; its exit code, or -1 when it cannot be started. Inherits nothing, and
+/// so waits for no other start: a Ctrl-C has to come in time.
+int StatusOf(const std::string& program, std::string commandLine) {
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process = {};
+  if (CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                     nullptr, &startup, &process) == 0) {
+    return -1;
+  }
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD status = 0;
+  GetExitCodeProcess(process.hProcess, &status);
+  CloseHandle(process.hProcess);
+  CloseHandle(process.hThread);
+  return static_cast<int>(status);
+}
+
 }  // namespace
 
 LauncherProcess::LauncherProcess(const LauncherStart& start) {
@@ -102,11 +120,8 @@ bool LauncherProcess::WaitForOutput(const std::string& text) {
 }
 
 bool LauncherProcess::SendCtrlC() const {
-  LauncherProcess sender({.program = "tests\\send_ctrl_c.exe",
-                          .firstArgument = "send_ctrl_c",
-                          .arguments = {std::to_string(process_.dwProcessId)},
-                          .hasOwnConsole = false});
-  return sender.Wait() == 0;
+  const std::string commandLine = "send_ctrl_c " + std::to_string(process_.dwProcessId);
+  return StatusOf(ProgramPath("tests\\send_ctrl_c.exe"), commandLine) == 0;
 }
 
 std::size_t LauncherProcess::PeakWorkingSet() const {
