@@ -24,11 +24,6 @@ std::string Said(const std::string& file, SolverClass solverClass = SolverClass:
   return text;
 }
 
-std::string Tasks(const std::string& tasks) {
-  return Local("ValueNoTask = 1\nValueLocalNoTask = 1",
-               "ValueNoTask = " + tasks + "\nValueLocalNoTask = 2");
-}
-
 TEST(CmxFacts, AZeroByteBehindAValueCutsNothing) {
   EXPECT_EQ(
       Said(Local("IDTaskMode = 0", "IDTaskMode = 0\0"s)),
@@ -40,18 +35,18 @@ TEST(CmxFacts, AZeroByteBehindAValueCutsNothing) {
 }
 
 TEST(CmxFacts, TasksThatAreNoPlainNumberAreHandedOn) {
-  EXPECT_EQ(Said(Tasks("2.0")),
+  EXPECT_EQ(Said(LocalTasks("2.0", "2")),
             "error task-count: ValueNoTask is 2.0, no plain number: the MPI process launcher would "
             "be given it as it stands\n");
   EXPECT_EQ(
-      Said(Tasks("-1")),
+      Said(LocalTasks("-1", "2")),
       "error task-count: ValueNoTask is -1, no number above 0: the MPI process launcher would "
       "be asked for no process\n");
-  EXPECT_EQ(Said(Tasks("02")), "");
+  EXPECT_EQ(Said(LocalTasks("02", "2")), "");
 }
 
 TEST(CmxFacts, TasksTooLongForTheirFieldAreSaidOnce) {
-  EXPECT_EQ(Said(Tasks(std::string(32, '2'))),
+  EXPECT_EQ(Said(LocalTasks(std::string(32, '2'), "2")),
             "error text-too-long: ValueNoTask is too long: width 32, length 32: the launcher would "
             "end with -2\n");
 }

@@ -57,6 +57,12 @@ inline std::string Distributed(std::string_view from, std::string_view to) {
   return Changed(Distributed(), from, to);
 }
 
+/// A run on this machine with these numbers of tasks.
+inline std::string LocalTasks(const std::string& tasks, const std::string& localTasks) {
+  return Local("ValueNoTask = 1\nValueLocalNoTask = 1",
+               "ValueNoTask = " + tasks + "\nValueLocalNoTask = " + localTasks);
+}
+
 /// What the rules say about a file, as a person reads it.
 inline std::string Found(const std::string& file, SolverClass solverClass = SolverClass::Flow) {
   std::string text;

@@ -10,11 +10,7 @@ namespace {
 
 TEST(CmxValues, ASerialRunInOrder) { EXPECT_EQ(Found(Local()), ""); }
 
-TEST(CmxValues, ASharedMemoryRunInOrder) {
-  EXPECT_EQ(Found(Local("ValueNoTask = 1\nValueLocalNoTask = 1",
-                        "ValueNoTask = 4\nValueLocalNoTask = 4")),
-            "");
-}
+TEST(CmxValues, ASharedMemoryRunInOrder) { EXPECT_EQ(Found(LocalTasks("4", "4")), ""); }
 
 TEST(CmxValues, ABlankBehindTheTaskModeMeansDistributed) {
   EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode = 0 ")),
@@ -140,8 +136,7 @@ TEST(CmxValues, ALocalTaskCountWithALeadingZero) {
 }
 
 TEST(CmxValues, NoTasks) {
-  EXPECT_EQ(Found(Local("ValueNoTask = 1\nValueLocalNoTask = 1",
-                        "ValueNoTask = 0\nValueLocalNoTask = 4")),
+  EXPECT_EQ(Found(LocalTasks("0", "4")),
             "Sample03.cmx:3:15: error: ValueNoTask is 0, no number above 0: the MPI process "
             "launcher would be asked for no process [task-count]\n"
             "    3 | ValueNoTask = 0\n"
@@ -149,8 +144,7 @@ TEST(CmxValues, NoTasks) {
 }
 
 TEST(CmxValues, TasksThatAreText) {
-  EXPECT_EQ(Found(Local("ValueNoTask = 1\nValueLocalNoTask = 1",
-                        "ValueNoTask = four\nValueLocalNoTask = 4")),
+  EXPECT_EQ(Found(LocalTasks("four", "4")),
             "Sample03.cmx:3:15: error: ValueNoTask is four, no number above 0: the MPI process "
             "launcher would be asked for no process [task-count]\n"
             "    3 | ValueNoTask = four\n"
@@ -158,9 +152,7 @@ TEST(CmxValues, TasksThatAreText) {
 }
 
 TEST(CmxValues, ATaskCountBesideAnotherSlipOfALocalRun) {
-  EXPECT_EQ(Found(Changed(Local("IDTaskMode = 0", "IDTaskMode = 0 # local"),
-                          "ValueNoTask = 1\nValueLocalNoTask = 1",
-                          "ValueNoTask = -3\nValueLocalNoTask = 2")),
+  EXPECT_EQ(Found(Changed(LocalTasks("-3", "2"), "IDTaskMode = 0", "IDTaskMode = 0 # local")),
             "Sample03.cmx:2:16: error: a comment stands behind the value of IDTaskMode: the value "
             "is not 0 and the run would be distributed [cmx-comment]\n"
             "    2 | IDTaskMode = 0 # local\n"
@@ -219,7 +211,7 @@ TEST(CmxValues, APreviousShotThatIsNoNumber) {
 }
 
 TEST(CmxValues, LettersOfAnotherCaseInAValueAreInOrder) {
-  EXPECT_EQ(Found(Distributed("NODE1", "node1")), "");
+  EXPECT_EQ(Found(Changed(Distributed("= NODE1\n", "= node1\n"), "= NODE1\t", "= Node1\t")), "");
 }
 
 }  // namespace
