@@ -8,15 +8,6 @@
 namespace qvx::test {
 namespace {
 
-const std::string kCtrlC = "Ctrl-C is captured.\r\n";
-
-RunResult WithoutOneCtrlC(RunResult run) {
-  const std::size_t at = run.output.find(kCtrlC);
-  EXPECT_NE(at, std::string::npos) << run.output;
-  if (at != std::string::npos) run.output.erase(at, kCtrlC.size());
-  return run;
-}
-
 /// Sends Ctrl-C so many times when the solver has printed its mark, and sees to it that the solver
 /// is gone at the end of the run.
 std::string CancelRunningSolver(LauncherProcess& launcher, const Site& site, int times) {

@@ -70,6 +70,13 @@ void ExpectPasses(const RunResult& run, const std::vector<Solver>& solvers) {
                                 << testing::PrintToString(logs).substr(0, 9000);
 }
 
+RunResult WithoutOneCtrlC(RunResult run) {
+  const std::size_t at = run.output.find(kCtrlC);
+  EXPECT_NE(at, std::string::npos) << run.output;
+  if (at != std::string::npos) run.output.erase(at, kCtrlC.size());
+  return run;
+}
+
 void ExpectNoStart(const RunResult& run) {
   const plain::Run expected = PlainRunOf(run.plan);
   const plain::Pass& pass = expected.passes.at(0);

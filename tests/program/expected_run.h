@@ -25,6 +25,12 @@ void ExpectPasses(const RunResult& run, const std::vector<Solver>& solvers);
 
 inline void ExpectRun(const RunResult& run, const Solver& solver) { ExpectPasses(run, {solver}); }
 
+/// What the launcher says to a Ctrl-C.
+const std::string kCtrlC = "Ctrl-C is captured.\r\n";
+
+/// The run without those words, once; a failure when it lacks them.
+RunResult WithoutOneCtrlC(RunResult run);
+
 /// A run whose program the system does not find.
 void ExpectNoStart(const RunResult& run);
 

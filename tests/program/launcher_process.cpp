@@ -45,7 +45,8 @@ std::string EnvironmentBlock(const std::map<std::string, std::string>& added) {
   return block;
 }
 
-/// Runs a program to its end; its exit code, or -1 when it cannot be started.
+/// Runs a program to its end; its exit code, or -1 when it cannot be started. Inherits nothing, and
+/// so waits for no other start: a Ctrl-C has to come in time.
 int StatusOf(const std::string& program, std::string commandLine) {
   STARTUPINFOA startup = {};
   startup.cb = sizeof startup;
@@ -81,7 +82,7 @@ LauncherProcess::LauncherProcess(const LauncherStart& start) {
   startup.hStdError = error.write;
   const BOOL created = CreateProcessA(
       ProgramPath(start.program).c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-      CREATE_NEW_CONSOLE, environment.data(),
+      start.hasOwnConsole ? CREATE_NEW_CONSOLE : 0, environment.data(),
       start.currentFolder.empty() ? nullptr : start.currentFolder.c_str(), &startup, &process_);
   CloseHandle(output.write);
   CloseHandle(error.write);

@@ -1,5 +1,6 @@
 // A running QVXSolverLauncher.exe, started as the front end starts it: an application name, a
-// command line of one's own, standard handles into pipes, a console of its own.
+// command line of one's own, standard handles into pipes, a console of its own. Other programs of
+// the build too.
 #pragma once
 
 #include <windows.h>
@@ -14,11 +15,12 @@
 namespace qvx::test {
 
 struct LauncherStart {
-  std::string program = "bin\\QVXSolverLauncher.exe";  ///< relative to the build folder
-  std::string firstArgument;
-  std::vector<std::string> arguments;
-  std::map<std::string, std::string> environment;  ///< beside the test's own
-  std::string currentFolder;                       ///< empty: the test's own
+  std::string program = "bin\\QVXSolverLauncher.exe";  ///< below the build folder, or a path
+  std::string firstArgument = {};
+  std::vector<std::string> arguments = {};
+  std::map<std::string, std::string> environment = {};  ///< beside the test's own
+  std::string currentFolder = {};                       ///< empty: the test's own
+  bool hasOwnConsole = true;                            ///< else the test's
 };
 
 class LauncherProcess {

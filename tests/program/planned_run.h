@@ -30,20 +30,6 @@ enum class Machine {
 /// Its MPI installation path, as the registry has it; empty for none.
 std::string MpiPath(Machine machine);
 
-constexpr const char* kTokens = "<site>\\Home*<site>\\Work\\Sample*Sample*3*01";
-constexpr const char* kSerialCmx =
-    "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueLocalNoTask=1\r\n</TASKMANAGER>\r\n";
-constexpr const char* kSmpCmx =
-    "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueNoTask=2\r\nValueLocalNoTask=2\r\n</TASKMANAGER>\r\n";
-constexpr const char* kDmpCmx =
-    "<TASKMANAGER>\r\nIDTaskMode=1\r\n</TASKMANAGER>\r\n"
-    "<REMOTE_MACHINES>\r\nValueNoMachine=2\r\nValueLocalHost=NODE1\r\n"
-    "ValueShareFolderName=<name>\\Work\r\nValueParallelWorkingFolder=<site>\\WORK\r\n"
-    "ValueMachineSetting\r\n1=NODE1\t2\r\n2=NODE2\t1\r\n"
-    "ValueMachineWeighting\r\n1=0.6\r\n2=0.4\r\n</REMOTE_MACHINES>\r\n";
-constexpr const char* kConformalCmx =
-    "<SOLID_COOL>\r\nFlag3DSolidCoolingChannel = 1\r\n</SOLID_COOL>\r\n";
-
 /// Each run is asked of the check first, and has to come out as that says. Texts may hold <site>,
 /// <share> and <name>, see Site.
 struct RunPlan {

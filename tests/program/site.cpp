@@ -11,6 +11,16 @@ const std::string kRoot = "C:\\NODE1\\";
 
 }  // namespace
 
+std::string CmxOfMachines(const std::vector<std::string>& names) {
+  std::string cmx =
+      "<TASKMANAGER>\nIDTaskMode=1\n</TASKMANAGER>\n<REMOTE_MACHINES>\nValueLocalHost=NODE1\n"
+      "ValueShareFolderName=<name>\\Work\nValueParallelWorkingFolder=<site>\\Work\n"
+      "ValueNoMachine=" +
+      std::to_string(names.size()) + "\nValueMachineSetting\n";
+  for (const std::string& name : names) cmx += "x=" + name + "\t1\n";
+  return cmx + "</REMOTE_MACHINES>\n";
+}
+
 Site::Site() : TemporaryFolder(kRoot) {
   Write("Home\\Bin\\QVXProject.ini",
         "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=" + Name() + "\\Home\r\n");

@@ -5,11 +5,30 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tests/support/temporary_folder.h"
 #include "tests/support/texts.h"
 
 namespace qvx::test {
+
+/// Tokens and CMX files of a run there; texts may hold what Site::Specific knows.
+constexpr const char* kTokens = "<site>\\Home*<site>\\Work\\Sample*Sample*3*01";
+constexpr const char* kSerialCmx =
+    "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueLocalNoTask=1\r\n</TASKMANAGER>\r\n";
+constexpr const char* kSmpCmx =
+    "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueNoTask=2\r\nValueLocalNoTask=2\r\n</TASKMANAGER>\r\n";
+constexpr const char* kDmpCmx =
+    "<TASKMANAGER>\r\nIDTaskMode=1\r\n</TASKMANAGER>\r\n"
+    "<REMOTE_MACHINES>\r\nValueNoMachine=2\r\nValueLocalHost=NODE1\r\n"
+    "ValueShareFolderName=<name>\\Work\r\nValueParallelWorkingFolder=<site>\\WORK\r\n"
+    "ValueMachineSetting\r\n1=NODE1\t2\r\n2=NODE2\t1\r\n"
+    "ValueMachineWeighting\r\n1=0.6\r\n2=0.4\r\n</REMOTE_MACHINES>\r\n";
+constexpr const char* kConformalCmx =
+    "<SOLID_COOL>\r\nFlag3DSolidCoolingChannel = 1\r\n</SOLID_COOL>\r\n";
+
+/// Distributes a run over these machines, each with one task.
+std::string CmxOfMachines(const std::vector<std::string>& names);
 
 class Site : public TemporaryFolder {
  public:

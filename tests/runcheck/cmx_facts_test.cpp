@@ -4,10 +4,12 @@
 
 #include <string>
 
-#include "runcheck/cmx_rules.h"
+#include "tests/runcheck/cmx_found.h"
 
 namespace qvx::runcheck {
 namespace {
+
+using namespace std::string_literals;
 
 /// A line for each finding: severity, code, what is wrong, what follows, the suggestion.
 std::string Said(const std::string& file, SolverClass solverClass = SolverClass::Flow) {
@@ -22,109 +24,90 @@ std::string Said(const std::string& file, SolverClass solverClass = SolverClass:
   return text;
 }
 
-std::string Local(const std::string& tasks, const std::string& localTasks,
-                  const std::string& mode = "0") {
-  return "<TASKMANAGER>\nIDTaskMode = " + mode + "\nValueNoTask = " + tasks +
-         "\nValueLocalNoTask = " + localTasks + "\n</TASKMANAGER>\n";
-}
-
-std::string Distributed(const std::string& count, const std::string& secondTasks,
-                        const std::string& firstWeighting, const std::string& end) {
-  return "<TASKMANAGER>\nIDTaskMode = 1\n</TASKMANAGER>\n<REMOTE_MACHINES>\nValueNoMachine = " +
-         count +
-         "\nValueShareFolderName = Projects\nValueParallelWorkingFolder = C:\\Projects\n"
-         "ValueLocalHost = NODE1\nValueMachineSetting = host, tasks\n1 = NODE1\t2\n2 = NODE2\t" +
-         secondTasks + "\nValueMachineWeighting = weight\n1 =" + firstWeighting + "\n2 = 0.4\n" +
-         end;
-}
-
-constexpr const char* kEnd = "</REMOTE_MACHINES>\n";
-
 TEST(CmxFacts, AZeroByteBehindAValueCutsNothing) {
   EXPECT_EQ(
-      Said(Local("1", "1", std::string("0\0", 2))),
+      Said(Local("IDTaskMode = 0", "IDTaskMode = 0\0"s)),
       "warning cmx-zero-byte: the line holds a zero byte: the launcher would read the line up "
       "to it\n");
-  EXPECT_EQ(Said(Local("1", "1", std::string("0\0001", 3))),
+  EXPECT_EQ(Said(Local("IDTaskMode = 0", "IDTaskMode = 0\0001"s)),
             "error cmx-zero-byte: the line holds a zero byte: the launcher would read the line up "
             "to it\n");
 }
 
 TEST(CmxFacts, TasksThatAreNoPlainNumberAreHandedOn) {
-  EXPECT_EQ(Said(Local("2.0", "2")),
+  EXPECT_EQ(Said(LocalTasks("2.0", "2")),
             "error task-count: ValueNoTask is 2.0, no plain number: the MPI process launcher would "
             "be given it as it stands\n");
   EXPECT_EQ(
-      Said(Local("-1", "2")),
+      Said(LocalTasks("-1", "2")),
       "error task-count: ValueNoTask is -1, no number above 0: the MPI process launcher would "
       "be asked for no process\n");
-  EXPECT_EQ(Said(Local("02", "2")), "");
+  EXPECT_EQ(Said(LocalTasks("02", "2")), "");
 }
 
 TEST(CmxFacts, TasksTooLongForTheirFieldAreSaidOnce) {
-  EXPECT_EQ(Said(Local(std::string(32, '2'), "2")),
+  EXPECT_EQ(Said(LocalTasks(std::string(32, '2'), "2")),
             "error text-too-long: ValueNoTask is too long: width 32, length 32: the launcher would "
             "end with -2\n");
 }
 
 TEST(CmxFacts, AMachineCountWithABlankIsReadAsItStands) {
-  EXPECT_EQ(Said(Distributed("2 ", "1", " 0.6", kEnd)),
+  EXPECT_EQ(Said(Distributed("ValueNoMachine = 2", "ValueNoMachine = 2 ")),
             "warning cmx-number: ValueNoMachine is 2 , no plain number: the launcher would read it "
             "as 2 -> 2\n");
-  EXPECT_EQ(Said(Distributed("02", "1", " 0.6", kEnd)), "");
+  EXPECT_EQ(Said(Distributed("ValueNoMachine = 2", "ValueNoMachine = 02")), "");
 }
 
 TEST(CmxFacts, HalfATaskIsHandedOn) {
-  EXPECT_EQ(Said(Distributed("2", "1.5", " 0.6", kEnd)),
+  EXPECT_EQ(Said(Distributed("NODE2\t1", "NODE2\t1.5")),
             "error machine-tasks: NODE2 has 1.5 tasks: the MPI process launcher would be given it "
             "as it stands\n");
-  EXPECT_EQ(Said(Distributed("2", "0.5", " 0.6", kEnd)),
+  EXPECT_EQ(Said(Distributed("NODE2\t1", "NODE2\t0.5")),
             "error machine-tasks: NODE2 has 0.5 tasks: no process would run there\n");
 }
 
 TEST(CmxFacts, TabsAroundAWeightingDoNoHarm) {
-  EXPECT_EQ(Said(Distributed("2", "1", "\t0.6\t", kEnd)), "");
-  EXPECT_EQ(Said(Distributed("2", "1", "\tx0.6", kEnd)),
+  EXPECT_EQ(Said(Distributed("= 0.6", "=\t0.6\t")), "");
+  EXPECT_EQ(Said(Distributed("= 0.6", "=\tx0.6")),
             "warning weighting-value: x0.6 is no weighting: the launcher would read it as another "
             "number\n");
 }
 
 TEST(CmxFacts, TheLastLineOfAnOpenSectionIsNoThirdWeighting) {
-  EXPECT_EQ(Said(Distributed("2", "1", " 0.6", "")),
+  EXPECT_EQ(Said(Distributed("</REMOTE_MACHINES>\n", "")),
             "warning cmx-section-open: REMOTE_MACHINES is never closed: the launcher would read on "
             "to the end of the file -> </REMOTE_MACHINES>\n");
-  EXPECT_EQ(Said(Distributed("2", "1", " 0.6", std::string("2 = 0.4\n") + kEnd)),
+  EXPECT_EQ(Said(Distributed("2 = 0.4\n", "2 = 0.4\n2 = 0.4\n")),
             "warning weighting-count: ValueNoMachine is 2 and the weighting block has 3 lines: the "
             "launcher would drop 1 line of it -> 3\n");
 }
 
 TEST(CmxFacts, BothTagsInAnotherCaseAreSaidOnce) {
-  EXPECT_EQ(Said("<TaskManager>\nIDTaskMode = 0\nValueLocalNoTask = 1\n</TaskManager>\n"),
+  EXPECT_EQ(Said(Local("TASKMANAGER", "TaskManager")),
             "error cmx-tag: <TaskManager> is not the tag <TASKMANAGER>: the launcher would see no "
             "such section and run distributed -> <TASKMANAGER>\n");
   EXPECT_EQ(
-      Said("<TASKMANAGER>\nIDTaskMode = 0\nValueLocalNoTask = 1\n</TaskManager>\n"),
+      Said(Local("/TASKMANAGER", "/TaskManager")),
       "warning cmx-tag: </TaskManager> is not the tag </TASKMANAGER>: the launcher would read "
       "on to the end of the file -> </TASKMANAGER>\n");
 }
 
 TEST(CmxFacts, ACtrlZInASectionIsSaidOnce) {
-  EXPECT_EQ(Said("<TASKMANAGER>\n\x1AIDTaskMode = 0\nValueLocalNoTask = 1\n</TASKMANAGER>\n"),
+  EXPECT_EQ(Said(Local("IDTaskMode", "\032IDTaskMode")),
             "error cmx-control-z: a Ctrl-Z (1A) stands before the end of the file: the launcher "
             "would read the file up to it\n");
 }
 
 TEST(CmxFacts, TheModeAmongTheMachinesIsToldThere) {
-  EXPECT_EQ(Said("<TASKMANAGER>\nValueLocalNoTask = 1\n</TASKMANAGER>\n<REMOTE_MACHINES>\n"
-                 "IDTaskMode = 0\n</REMOTE_MACHINES>\n"),
+  EXPECT_EQ(Said(Local("IDTaskMode = 0\n", "") +
+                 "<REMOTE_MACHINES>\nIDTaskMode = 0\n</REMOTE_MACHINES>\n"),
             "error cmx-key-section: IDTaskMode stands outside TASKMANAGER: the launcher would "
             "ignore the line\n");
 }
 
 TEST(CmxFacts, SpacesBehindTheCoolingFlagDoNotCount) {
   const auto file = [](const std::string& flag) {
-    return Local("1", "1") + "<SOLID_COOL>\nFlag3DSolidCoolingChannel = " + flag +
-           "\n</SOLID_COOL>\n";
+    return Local() + "<SOLID_COOL>\nFlag3DSolidCoolingChannel = " + flag + "\n</SOLID_COOL>\n";
   };
   EXPECT_EQ(Said(file("1 "), SolverClass::Cool), "");
   EXPECT_EQ(Said(file("2"), SolverClass::Cool),

@@ -12,18 +12,9 @@
 
 namespace qvx::test {
 
-constexpr const char* kSerialFile =
-    "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueLocalNoTask=1\r\n</TASKMANAGER>\r\n";
-constexpr const char* kSmpFile =
+/// One task, as every machine has processors for that.
+constexpr const char* kOneTaskSmpCmx =
     "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueNoTask=1\r\nValueLocalNoTask=2\r\n</TASKMANAGER>\r\n";
-constexpr const char* kDmpFile =
-    "<TASKMANAGER>\r\nIDTaskMode=1\r\n</TASKMANAGER>\r\n"
-    "<REMOTE_MACHINES>\r\nValueNoMachine=2\r\nValueLocalHost=NODE1\r\n"
-    "ValueShareFolderName=<name>\\Work\r\nValueParallelWorkingFolder=<site>\\WORK\r\n"
-    "ValueMachineSetting\r\n1=NODE1\t2\r\n2=NODE2\t1\r\n"
-    "ValueMachineWeighting\r\n1=0.6\r\n2=0.4\r\n</REMOTE_MACHINES>\r\n";
-
-constexpr const char* kRun = "<site>\\Home*<site>\\Work\\Sample*Sample*3*01";
 constexpr const char* kFlow = "Qvx3DFlow.exe";
 constexpr const char* kInOrder = "Nothing stands in the way of this run.\n";
 
@@ -31,18 +22,25 @@ class RunCheckTest : public testing::Test {
  protected:
   RunCheckTest();
 
-  /// The check's whole answer. Texts may hold <site>, <share> and <name>, see Site. Without the
-  /// network, and with no byte on standard error.
+  /// What the check writes, nothing of it on standard error. Texts may hold <site>, <share> and
+  /// <name>, see Site. `program`: see RunQvxRunCheck.
+  std::string Ask(std::vector<std::string> arguments, const std::string& program = {}) const;
+
+  /// The same without the network.
   std::string Answer(std::vector<std::string> arguments) const;
 
-  /// Its diagnostics and verdict for a call of the launcher. Markers are all "^~" or "^".
+  /// Its diagnostics and verdict, which the exit status has to fit, for a call of the launcher.
+  /// Markers are all "^~" or "^".
   std::string Findings(const std::vector<std::string>& launcherArguments) const;
   std::string FindingsFor(const std::string& tokens, const std::string& solver = kFlow) const {
     return Findings({"L$1", tokens, solver});
   }
-  std::string Findings() const { return FindingsFor(kRun); }
+  std::string Findings() const { return FindingsFor(kTokens); }
 
-  mutable int status = -1;  ///< of the last run
+  /// The same about a distributed run, `from` of its CMX file replaced by `to`.
+  std::string FoundWith(const std::string& from, const std::string& to) const;
+
+  mutable int status = -1;  ///< of the last answer
   Site site;
   MpiInstallPathValue mpiPath;
 };

@@ -25,10 +25,7 @@ class RunCheckLibraries : public RunCheckTest {
   }
 
   std::string Diagnostics() const {
-    const CheckResult result = RunQvxRunCheck({"--", "L$1", site.Specific(kRun), kFlow},
-                                              site.Path("Program\\QVXRunCheck.exe"));
-    EXPECT_EQ(result.error, "");
-    return site.Generic(result.output);
+    return Ask({"--", "L$1", kTokens, kFlow}, site.Path("Program\\QVXRunCheck.exe"));
   }
 
   EnvironmentVariable path{"PATH"};
@@ -75,7 +72,7 @@ TEST_F(RunCheckLibraries, OneThatFailsIsNotTheEnd) {
   site.Remove("Program\\QVXMPITool.dll");
   std::filesystem::copy_file(ProgramPath("tests\\throwing_mpi_tool.dll"),
                              site.Path("Program\\QVXMPITool.dll"));
-  site.WriteCmx(Replaced(kSerialFile, "IDTaskMode=0", "IDTaskMode=0 "));
+  site.WriteCmx(Replaced(kSerialCmx, "IDTaskMode=0", "IDTaskMode=0 "));
   EXPECT_EQ(
       Diagnostics(),
       "Run 01 of <site>\\Work\\Sample: FLOW\n"

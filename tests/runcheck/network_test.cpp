@@ -10,15 +10,12 @@ class RunCheckNetwork : public RunCheckTest {
  protected:
   std::string Asked(const std::string& file) const {
     site.WriteCmx(file);
-    const CheckResult result =
-        RunQvxRunCheck({"--timeout", "20", "--", "L$1", site.Specific(kRun), kFlow});
-    EXPECT_EQ(result.error, "");
-    const std::string text = site.Generic(result.output);
+    const std::string text = Ask({"--timeout", "20", "--", "L$1", kTokens, kFlow});
     return text.substr(text.find("  machine"));
   }
 
   const std::string localFile =
-      Replaced(Replaced(kDmpFile, "1=NODE1", "1=localhost"), "2=NODE2", "2=no-such-host.invalid");
+      Replaced(Replaced(kDmpCmx, "1=NODE1", "1=localhost"), "2=NODE2", "2=no-such-host.invalid");
 };
 
 TEST_F(RunCheckNetwork, NamesAreFoundOrUnknownAndSharesAreThere) {
@@ -35,6 +32,27 @@ TEST_F(RunCheckNetwork, NamesAreFoundOrUnknownAndSharesAreThere) {
             "    help: each machine is tried once by hand\n"
             "\n"
             "Nothing stands in the way of this run.\n");
+}
+
+TEST_F(RunCheckNetwork, AHostThatIsKnownNeedsNoWord) {
+  const std::string file = Replaced(
+      Replaced(Replaced(kDmpCmx, "=NODE1\r\n", "=localhost\r\n"), "1=NODE1", "1=localhost"),
+      "2=NODE2\t1\r\n", "");
+  EXPECT_EQ(Asked(Replaced(Replaced(Replaced(file, "1=0.6\r\n", "1=1\r\n"), "2=0.4\r\n", ""),
+                           "Machine=2", "Machine=1")),
+            "  machine    tasks  weighting  each process  name\n"
+            "  localhost      2          1           0.5  found\n"
+            "\n"
+            "error: the shared installation \\\\localhost\\<name>\\Home cannot be reached from "
+            "here: the machines would find no solver [share-unreachable]\n"
+            "    help: the share is set up on the storage node\n"
+            "error: the shared run folder \\\\localhost\\<name>\\Work\\sample\\Analysis\\Run01 "
+            "cannot be reached from here: the run would lose its log [share-unreachable]\n"
+            "    help: the share is set up on the storage node\n"
+            "note: what remote machines see cannot be told from here [not-seen]\n"
+            "    help: each machine is tried once by hand\n"
+            "\n"
+            "2 errors: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckNetwork, ASharedInstallationThatIsNotThere) {

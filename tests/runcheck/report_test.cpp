@@ -6,31 +6,65 @@
 namespace qvx::test {
 namespace {
 
-using RunCheckReport = RunCheckTest;
+class RunCheckReport : public RunCheckTest {
+ protected:
+  void LeaveALog() const {
+    site.Write(
+        "Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt", "");
+  }
+};
+
+/// The report of a serial run behind LeaveALog.
+const std::string kSerialReport =
+    "Run 01 of <site>\\Work\\Sample: FLOW, serial\n"
+    "\n"
+    "  family        FLOW             \"flow\" and \"3d\" in Qvx3DFlow.exe\n"
+    "  mode          serial           Sample01.cmx:3  ValueLocalNoTask = 1\n"
+    "  solver        <site>\\Home\\Bin\\Qvx3DFlow.exe\n"
+    "  command line  <site>\\Home\\Bin\\Qvx3DFlow.exe -home \"<site>\\Home\" -project "
+    "\"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" -molding 1 -option 0 -parallel "
+    "0 -processes 1\n"
+    "  log           "
+    "<site>\\Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt\n"
+    "  deletes       1 earlier log in <site>\\Work\\Sample\\Analysis\\Run01\n"
+    "\n"
+    "Nothing stands in the way of this run.\n";
+
+/// The whole answer with one diagnostic, which begins as the texts `diagnostic` say.
+std::string JsonWithoutPasses(const std::string& verdict, int errors,
+                              const std::string& diagnostic) {
+  return "{\n"
+         "  \"format_version\": \"1.0\",\n"
+         "  \"verdict\": \"" +
+         verdict +
+         "\",\n"
+         "  \"error_count\": " +
+         std::to_string(errors) +
+         ",\n"
+         "  \"warning_count\": 0,\n"
+         "  \"passes\": [],\n"
+         "  \"machines\": [],\n"
+         "  \"reasons\": [],\n"
+         "  \"diagnostics\": [\n"
+         "    {\n" +
+         diagnostic +
+         "      \"range\": null,\n"
+         "      \"snippet\": null,\n"
+         "      \"suggestion\": null\n"
+         "    }\n"
+         "  ]\n"
+         "}\n";
+}
 
 TEST_F(RunCheckReport, ASerialRunAndTheLogThatItDeletes) {
-  site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt",
-             "");
-  EXPECT_EQ(Answer({"--", "L$1", kRun, kFlow}),
-            "Run 01 of <site>\\Work\\Sample: FLOW, serial\n"
-            "\n"
-            "  family        FLOW             \"flow\" and \"3d\" in Qvx3DFlow.exe\n"
-            "  mode          serial           Sample01.cmx:3  ValueLocalNoTask = 1\n"
-            "  solver        <site>\\Home\\Bin\\Qvx3DFlow.exe\n"
-            "  command line  <site>\\Home\\Bin\\Qvx3DFlow.exe -home \"<site>\\Home\" -project "
-            "\"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" -molding 1 -option 0 -parallel "
-            "0 -processes 1\n"
-            "  log           "
-            "<site>\\Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt\n"
-            "  deletes       1 earlier log in <site>\\Work\\Sample\\Analysis\\Run01\n"
-            "\n"
-            "Nothing stands in the way of this run.\n");
+  LeaveALog();
+  EXPECT_EQ(Answer({"--", "L$1", kTokens, kFlow}), kSerialReport);
   EXPECT_EQ(status, 0);
 }
 
 TEST_F(RunCheckReport, ADistributedRunAndItsMachines) {
-  site.WriteCmx(kDmpFile);
-  EXPECT_EQ(Answer({"--", "L$1", kRun, kFlow}),
+  site.WriteCmx(kDmpCmx);
+  EXPECT_EQ(Answer({"--", "L$1", kTokens, kFlow}),
             "Run 01 of <site>\\Work\\Sample: FLOW, distributed over 2 machines, 3 processes\n"
             "\n"
             "  family        FLOW             \"flow\" and \"3d\" in Qvx3DFlow.exe\n"
@@ -52,12 +86,11 @@ TEST_F(RunCheckReport, ADistributedRunAndItsMachines) {
 }
 
 TEST_F(RunCheckReport, ACoolingRunOfTwoPasses) {
-  site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt",
-             "");
+  LeaveALog();
   site.InstallSolver("Qvx3DCool.exe");
-  site.WriteCmx(std::string(kSerialFile) +
+  site.WriteCmx(std::string(kSerialCmx) +
                 "<SOLID_COOL>\r\nFlag3DSolidCoolingChannel=1\r\n</SOLID_COOL>\r\n");
-  EXPECT_EQ(Answer({"--", "L$1", kRun, "Qvx3DCool.exe"}),
+  EXPECT_EQ(Answer({"--", "L$1", kTokens, "Qvx3DCool.exe"}),
             "Run 01 of <site>\\Work\\Sample: COOL after a FLOW pass, serial\n"
             "\n"
             "  family        FLOW             Sample01.cmx:6  Flag3DSolidCoolingChannel = 1\n"
@@ -84,32 +117,19 @@ TEST_F(RunCheckReport, ACoolingRunOfTwoPasses) {
 }
 
 TEST_F(RunCheckReport, OptionsMakeTheCallAndShowIt) {
-  site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt",
-             "");
-  EXPECT_EQ(Answer({"--project", "<site>\\Work\\Sample", "--run", "01", "--solver", kFlow, "--home",
-                    "<site>\\Home", "--option", "-3"}),
-            "QVXSolverLauncher.exe$1 <site>\\Home*<site>\\Work\\Sample*Sample*-3*01 Qvx3DFlow.exe\n"
-            "\n"
-            "Run 01 of <site>\\Work\\Sample: FLOW, serial\n"
-            "\n"
-            "  family        FLOW             \"flow\" and \"3d\" in Qvx3DFlow.exe\n"
-            "  mode          serial           Sample01.cmx:3  ValueLocalNoTask = 1\n"
-            "  solver        <site>\\Home\\Bin\\Qvx3DFlow.exe\n"
-            "  command line  <site>\\Home\\Bin\\Qvx3DFlow.exe -home \"<site>\\Home\" -project "
-            "\"<site>\\Work\\Sample\" -name \"Sample\" -run \"01\" -molding 1 -option 0 -parallel "
-            "0 -processes 1\n"
-            "  log           "
-            "<site>\\Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt\n"
-            "  deletes       1 earlier log in <site>\\Work\\Sample\\Analysis\\Run01\n"
-            "\n"
-            "Nothing stands in the way of this run.\n");
+  LeaveALog();
+  EXPECT_EQ(
+      Answer({"--project", "<site>\\Work\\Sample", "--run", "01", "--solver", kFlow, "--home",
+              "<site>\\Home", "--option", "-3"}),
+      "QVXSolverLauncher.exe$1 <site>\\Home*<site>\\Work\\Sample*Sample*-3*01 Qvx3DFlow.exe\n\n" +
+          kSerialReport);
   EXPECT_EQ(status, 0);
 }
 
 TEST_F(RunCheckReport, JsonIsOneObject) {
-  site.WriteCmx(Replaced(kDmpFile, "ValueMachineWeighting", "ValueMachinWeighting"));
+  site.WriteCmx(Replaced(kDmpCmx, "ValueMachineWeighting", "ValueMachinWeighting"));
   EXPECT_EQ(
-      Answer({"--json", "--", "L$1", kRun, kFlow}),
+      Answer({"--json", "--", "L$1", kTokens, kFlow}),
       "{\n"
       "  \"format_version\": \"1.0\",\n"
       "  \"verdict\": \"warnings\",\n"
@@ -205,54 +225,38 @@ TEST_F(RunCheckReport, JsonIsOneObject) {
 
 TEST_F(RunCheckReport, JsonOfACallWithoutArguments) {
   EXPECT_EQ(Answer({"--json", "--", "L$1"}),
-            "{\n"
-            "  \"format_version\": \"1.0\",\n"
-            "  \"verdict\": \"errors\",\n"
-            "  \"error_count\": 1,\n"
-            "  \"warning_count\": 0,\n"
-            "  \"passes\": [],\n"
-            "  \"machines\": [],\n"
-            "  \"reasons\": [],\n"
-            "  \"diagnostics\": [\n"
-            "    {\n"
-            "      \"severity\": \"error\",\n"
-            "      \"code\": \"call-arguments\",\n"
-            "      \"summary\": \"the call has 1 argument, fewer than two\",\n"
-            "      \"detail\": \"the launcher would stop with -1 and start nothing; a call is "
-            "FIRST_ARGUMENT TOKENS SOLVER\",\n"
-            "      \"range\": null,\n"
-            "      \"snippet\": null,\n"
-            "      \"suggestion\": null\n"
-            "    }\n"
-            "  ]\n"
-            "}\n");
+            JsonWithoutPasses(
+                "errors", 1,
+                "      \"severity\": \"error\",\n"
+                "      \"code\": \"call-arguments\",\n"
+                "      \"summary\": \"the call has 1 argument, fewer than two\",\n"
+                "      \"detail\": \"the launcher would stop with -1 and start nothing; a call is "
+                "FIRST_ARGUMENT TOKENS SOLVER\",\n"));
   EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckReport, JsonOfAWrongCall) {
-  EXPECT_EQ(Answer({"--json", "--timeout"}),
-            "{\n"
-            "  \"format_version\": \"1.0\",\n"
-            "  \"verdict\": \"errors\",\n"
-            "  \"error_count\": 1,\n"
-            "  \"warning_count\": 0,\n"
-            "  \"passes\": [],\n"
-            "  \"machines\": [],\n"
-            "  \"reasons\": [],\n"
-            "  \"diagnostics\": [\n"
-            "    {\n"
-            "      \"severity\": \"error\",\n"
-            "      \"code\": \"wrong-call\",\n"
-            "      \"summary\": \"--timeout: 1 required SECONDS:FLOAT in [0.1 - 600] missing\",\n"
-            "      \"detail\": \"nothing was checked; QVXRunCheck.exe --help shows both forms of "
-            "call\",\n"
-            "      \"range\": null,\n"
-            "      \"snippet\": null,\n"
-            "      \"suggestion\": null\n"
-            "    }\n"
-            "  ]\n"
-            "}\n");
+  EXPECT_EQ(
+      Answer({"--json", "--timeout"}),
+      JsonWithoutPasses(
+          "errors", 1,
+          "      \"severity\": \"error\",\n"
+          "      \"code\": \"wrong-call\",\n"
+          "      \"summary\": \"--timeout: 1 required SECONDS:FLOAT in [0.1 - 600] missing\",\n"
+          "      \"detail\": \"nothing was checked; QVXRunCheck.exe --help shows both forms of "
+          "call\",\n"));
   EXPECT_EQ(status, 2);
+}
+
+TEST_F(RunCheckReport, JsonOfTheVersion) {
+  EXPECT_EQ(Answer({"--json", "--version"}),
+            JsonWithoutPasses(
+                "ready", 0,
+                "      \"severity\": \"note\",\n"
+                "      \"code\": \"information\",\n"
+                "      \"summary\": \"QVXRunCheck 13.0.0\",\n"
+                "      \"detail\": \"nothing was checked; this needs nothing to be done\",\n"));
+  EXPECT_EQ(status, 0);
 }
 
 TEST_F(RunCheckReport, AMissingOptionIsAWrongCall) {
@@ -264,7 +268,7 @@ TEST_F(RunCheckReport, AMissingOptionIsAWrongCall) {
 
 TEST_F(RunCheckReport, AnUnknownOptionIsAWrongCall) {
   EXPECT_EQ(
-      Answer({"--jsn", "--", "L$1", kRun, kFlow}),
+      Answer({"--jsn", "--", "L$1", kTokens, kFlow}),
       "error: the following argument was not expected: --jsn: nothing was checked [wrong-call]\n"
       "    help: QVXRunCheck.exe --help shows both forms of call\n");
   EXPECT_EQ(status, 2);
@@ -348,7 +352,7 @@ TEST_F(RunCheckReport, TheHelpAndNoArgument) {
 }
 
 TEST_F(RunCheckReport, TheLaunchersArgumentsStandBehindTheSeparator) {
-  EXPECT_EQ(Answer({"L$1", kRun, kFlow}),
+  EXPECT_EQ(Answer({"L$1", kTokens, kFlow}),
             "error: L$1 stands without -- before it: what the launcher is started with stands "
             "behind --: nothing was checked [wrong-call]\n"
             "    help: QVXRunCheck.exe --help shows both forms of call\n");

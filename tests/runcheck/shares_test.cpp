@@ -10,13 +10,12 @@ namespace {
 using RunCheckShares = RunCheckTest;
 
 TEST_F(RunCheckShares, ADistributedRunIsInOrder) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   EXPECT_EQ(Findings(), kInOrder);
-  EXPECT_EQ(status, 0);
 }
 
 TEST_F(RunCheckShares, AStorageNodeThatEachMachineTakesForItself) {
-  std::string file = kDmpFile;
+  std::string file = kDmpCmx;
   file.replace(file.find("ValueLocalHost=NODE1"), 20, "ValueLocalHost=localhost");
   site.WriteCmx(file);
   EXPECT_EQ(Findings(),
@@ -26,11 +25,10 @@ TEST_F(RunCheckShares, AStorageNodeThatEachMachineTakesForItself) {
             "      |                ^~ help: it is this machine's name in the network\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AMissingAccountFile) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Remove("Home\\acc.ini");
   EXPECT_EQ(
       Findings(),
@@ -38,11 +36,10 @@ TEST_F(RunCheckShares, AMissingAccountFile) {
       "    help: it holds the MPI accounts and lies in the home folder\n"
       "\n"
       "1 error: this run would not start.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AnEmptyAccountFile) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Write("Home\\acc.ini", "");
   EXPECT_EQ(
       Findings(),
@@ -50,17 +47,15 @@ TEST_F(RunCheckShares, AnEmptyAccountFile) {
       "    help: it holds the MPI accounts and lies in the home folder\n"
       "\n"
       "1 error: this run would not start.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, ALocalRunNeedsNoAccounts) {
   site.Remove("Home\\acc.ini");
   EXPECT_EQ(Findings(), kInOrder);
-  EXPECT_EQ(status, 0);
 }
 
 TEST_F(RunCheckShares, AMissingProjectIni) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Remove("Home\\Bin\\QVXProject.ini");
   EXPECT_EQ(Findings(),
             "error: <site>\\Home\\Bin\\QVXProject.ini is missing: the run would go to a share "
@@ -68,11 +63,10 @@ TEST_F(RunCheckShares, AMissingProjectIni) {
             "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AProjectIniWithoutItsKey) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Write("Home\\Bin\\QVXProject.ini", "[Configuration]\r\n");
   EXPECT_EQ(Findings(),
             "error: <site>\\Home\\Bin\\QVXProject.ini holds no QVX_PARALLEL_FOLDER_NAME in its "
@@ -80,11 +74,10 @@ TEST_F(RunCheckShares, AProjectIniWithoutItsKey) {
             "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AProjectIniWithAnotherSection) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Write("Home\\Bin\\QVXProject.ini", "[Config]\r\nQVX_PARALLEL_FOLDER_NAME=x\r\n");
   EXPECT_EQ(Findings(),
             "error: <site>\\Home\\Bin\\QVXProject.ini holds QVX_PARALLEL_FOLDER_NAME without a "
@@ -93,11 +86,10 @@ TEST_F(RunCheckShares, AProjectIniWithAnotherSection) {
             "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AProjectIniThatNamesAPath) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Write("Home\\Bin\\QVXProject.ini",
              "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=C:\\Home\r\n");
   EXPECT_EQ(Findings(),
@@ -106,48 +98,40 @@ TEST_F(RunCheckShares, AProjectIniThatNamesAPath) {
             "    help: it is the share's name, without backslashes around it\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, NoStorageNode) {
-  site.WriteCmx(Replaced(kDmpFile, "ValueLocalHost=NODE1\r\n", ""));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("ValueLocalHost=NODE1\r\n", ""),
             "Sample01.cmx:4:1: error: neither ValueStorageNode nor ValueLocalHost is set: the run "
             "would go to folders that cannot be reached [storage-node]\n"
             "    4 | <REMOTE_MACHINES>\n"
             "      | ^~ help: ValueStorageNode, or ValueLocalHost, is a host name alone\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AStorageNodeWithBackslashes) {
-  site.WriteCmx(Replaced(kDmpFile, "=NODE1\r\n", "=\\\\NODE1\r\n"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("=NODE1\r\n", "=\\\\NODE1\r\n"),
             "Sample01.cmx:6:16: error: ValueLocalHost is \\\\NODE1, no host name: the run would go "
             "to folders that cannot be reached [storage-node]\n"
             "    6 | ValueLocalHost=\\\\NODE1\n"
             "      |                ^~ help: the host is written NODE1\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, NoShare) {
-  site.WriteCmx(Replaced(kDmpFile, "ValueShareFolderName=<name>\\Work\r\n", ""));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("ValueShareFolderName=<name>\\Work\r\n", ""),
             "Sample01.cmx:4:1: error: ValueShareFolderName is empty: the run would go to another "
             "folder [share-name]\n"
             "    4 | <REMOTE_MACHINES>\n"
             "      | ^~ help: it is the share's name, without backslashes around it\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AShareThatIsAPath) {
-  site.WriteCmx(Replaced(kDmpFile, "=<name>\\Work", "=C:\\Work"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("=<name>\\Work", "=C:\\Work"),
             "Sample01.cmx:7:22: error: ValueShareFolderName is a path, C:\\Work: the run would go "
             "to another folder [share-name]\n"
             "    7 | ValueShareFolderName=C:\\Work\n"
@@ -155,37 +139,31 @@ TEST_F(RunCheckShares, AShareThatIsAPath) {
             "around it\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AShareWithABackslash) {
-  site.WriteCmx(Replaced(kDmpFile, "=<name>\\Work", "=\\Work"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("=<name>\\Work", "=\\Work"),
             "Sample01.cmx:7:22: error: a backslash stands beside the share's name in \\Work: the "
             "run would go to another folder [share-name]\n"
             "    7 | ValueShareFolderName=\\Work\n"
             "      |                      ^~ help: the share is written Work\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AWorkingFolderWithABackslashAtItsEnd) {
-  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "<site>\\WORK\\"));
   EXPECT_EQ(
-      Findings(),
+      FoundWith("<site>\\WORK", "<site>\\WORK\\"),
       "Sample01.cmx:8:28: error: ValueParallelWorkingFolder ends in a backslash and makes the "
       "project ample: the run would go to another folder [working-folder]\n"
       "    8 | ValueParallelWorkingFolder=<site>\\WORK\\\n"
       "      |                            ^~ help: the working folder is written <site>\\WORK\n"
       "\n"
       "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AWorkingFolderElsewhere) {
-  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "D:\\Work"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("<site>\\WORK", "D:\\Work"),
             "Sample01.cmx:8:28: error: D:\\Work is not in the project directory "
             "<site>\\Work\\Sample: the run would go to another folder [working-folder]\n"
             "    8 | ValueParallelWorkingFolder=D:\\Work\n"
@@ -193,24 +171,20 @@ TEST_F(RunCheckShares, AWorkingFolderElsewhere) {
             "project, without a backslash at its end\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AWorkingFolderWithSlashes) {
-  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "C:/NODE1"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("<site>\\WORK", "C:/NODE1"),
             "Sample01.cmx:8:28: error: C:/NODE1 is not in the project directory "
             "<site>\\Work\\Sample: the run would go to another folder [working-folder]\n"
             "    8 | ValueParallelWorkingFolder=C:/NODE1\n"
             "      |                            ^~ help: the working folder is written C:\\NODE1\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AWorkingFolderThatEndsWithinAName) {
-  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "<site>\\Wo"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("<site>\\WORK", "<site>\\Wo"),
             "Sample01.cmx:8:28: error: <site>\\Wo ends within a name of the project directory and "
             "makes the project k\\sample: the run would go to another folder [working-folder]\n"
             "    8 | ValueParallelWorkingFolder=<site>\\Wo\n"
@@ -218,12 +192,10 @@ TEST_F(RunCheckShares, AWorkingFolderThatEndsWithinAName) {
             "project, without a backslash at its end\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginning) {
-  site.WriteCmx(Replaced(kDmpFile, "<site>\\WORK", "Work"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("<site>\\WORK", "Work"),
             "Sample01.cmx:8:28: warning: Work is not where the project directory begins "
             "[working-folder]\n"
             "    8 | ValueParallelWorkingFolder=Work\n"
@@ -231,36 +203,31 @@ TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginning) {
             "project, without a backslash at its end\n"
             "\n"
             "1 warning: this run would start.\n");
-  EXPECT_EQ(status, 0);
 }
 
 TEST_F(RunCheckShares, NoWorkingFolder) {
-  site.WriteCmx(Replaced(kDmpFile, "ValueParallelWorkingFolder=<site>\\WORK\r\n", ""));
   EXPECT_EQ(
-      Findings(),
+      FoundWith("ValueParallelWorkingFolder=<site>\\WORK\r\n", ""),
       "Sample01.cmx:4:1: error: ValueParallelWorkingFolder is empty: the run would go to another "
       "folder [working-folder]\n"
       "    4 | <REMOTE_MACHINES>\n"
       "      | ^~ help: it is the shared folder above the project, without a backslash at its end\n"
       "\n"
       "1 error: this run would not be the one that is meant.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, MachinesBeyondTheMemory) {
-  site.WriteCmx(Replaced(kDmpFile, "ValueNoMachine=2", "ValueNoMachine=2000000000"));
-  EXPECT_EQ(Findings(),
+  EXPECT_EQ(FoundWith("ValueNoMachine=2", "ValueNoMachine=2000000000"),
             "Sample01.cmx:5:16: error: ValueNoMachine cannot be allocated: count 2000000000: the "
             "launcher would end with -2 [cannot-allocate]\n"
             "    5 | ValueNoMachine=2000000000\n"
             "      |                ^~ help: the count is a small number\n"
             "\n"
             "1 error: this run would not start.\n");
-  EXPECT_EQ(status, 1);
 }
 
 TEST_F(RunCheckShares, AnAccountFileWithAHiddenExtension) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Remove("Home\\acc.ini");
   site.Write("Home\\acc.ini.txt", "account\r\n");
   EXPECT_EQ(
@@ -272,7 +239,7 @@ TEST_F(RunCheckShares, AnAccountFileWithAHiddenExtension) {
 }
 
 TEST_F(RunCheckShares, AProjectIniOutsideBin) {
-  site.WriteCmx(kDmpFile);
+  site.WriteCmx(kDmpCmx);
   site.Write("Home\\QVXProject.ini", site.Read("Home\\Bin\\QVXProject.ini"));
   site.Remove("Home\\Bin\\QVXProject.ini");
   EXPECT_EQ(

@@ -38,83 +38,74 @@ Report ReportWithFindings() {
   return report;
 }
 
+const std::string kPass =
+    "\n"
+    "  family        FLOW             \"flow\" and \"3d\" in Qvx3DFlow.exe\n"
+    "  mode          serial\n"
+    "  solver        C:\\Quorvex\\Bin\\Qvx3DFlow.exe\n"
+    "  command line  C:\\Quorvex\\Bin\\Qvx3DFlow.exe -home \"C:\\Quorvex\"\n"
+    "  log           "
+    "C:\\Projects\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt\n"
+    "\n";
+
+/// The beginning of a report that is cut to 50 characters.
+const std::string kCutTo50 =
+    "Run 01 of C:\\Projects\\Sample: FLOW, serial\n"
+    "\n"
+    "  family        FLOW             \"flow\" and \"3d...\n"
+    "  mode          serial\n"
+    "  solver        C:\\Quorvex\\Bin\\Qvx3DFlow.exe\n"
+    "  command line  C:\\Quorvex\\Bin\\Qvx3DFlow.exe -h...\n"
+    "  log           C:\\Projects\\Sample\\Analysis\\Run...\n"
+    "\n";
+
 TEST(TextReport, LinesAreCutToTheWidth) {
   EXPECT_EQ(TextReport(SerialReport(), {false, 50}),
-            "Run 01 of C:\\Projects\\Sample: FLOW, serial\n"
-            "\n"
-            "  family        FLOW             \"flow\" and \"3d...\n"
-            "  mode          serial\n"
-            "  solver        C:\\Quorvex\\Bin\\Qvx3DFlow.exe\n"
-            "  command line  C:\\Quorvex\\Bin\\Qvx3DFlow.exe -h...\n"
-            "  log           C:\\Projects\\Sample\\Analysis\\Run...\n"
-            "\n"
-            "Nothing stands in the way of this run.\n");
+            kCutTo50 + "Nothing stands in the way of this run.\n");
 }
 
 TEST(TextReport, WithoutAWidthNothingIsCut) {
   EXPECT_EQ(TextReport(SerialReport(), {false, 0}),
-            "Run 01 of C:\\Projects\\Sample: FLOW, serial\n"
-            "\n"
-            "  family        FLOW             \"flow\" and \"3d\" in Qvx3DFlow.exe\n"
-            "  mode          serial\n"
-            "  solver        C:\\Quorvex\\Bin\\Qvx3DFlow.exe\n"
-            "  command line  C:\\Quorvex\\Bin\\Qvx3DFlow.exe -home \"C:\\Quorvex\"\n"
-            "  log           "
-            "C:\\Projects\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt\n"
-            "\n"
-            "Nothing stands in the way of this run.\n");
+            "Run 01 of C:\\Projects\\Sample: FLOW, serial\n" + kPass +
+                "Nothing stands in the way of this run.\n");
 }
 
 TEST(TextReport, DiagnosticsAreWrappedAtBlanks) {
   EXPECT_EQ(TextReport(ReportWithFindings(), {false, 50}),
-            "Run 01 of C:\\Projects\\Sample: FLOW, serial\n"
-            "\n"
-            "  family        FLOW             \"flow\" and \"3d...\n"
-            "  mode          serial\n"
-            "  solver        C:\\Quorvex\\Bin\\Qvx3DFlow.exe\n"
-            "  command line  C:\\Quorvex\\Bin\\Qvx3DFlow.exe -h...\n"
-            "  log           C:\\Projects\\Sample\\Analysis\\Run...\n"
-            "\n"
-            "Sample01.cmx:2:15: error: 1 blank stands behind\n"
-            "    the value of IDTaskMode: the launcher would\n"
-            "    take it as part of the value\n"
-            "    [cmx-trailing-blank]\n"
-            "    2 | IDTaskMode = 0 \n"
-            "      |               ^\n"
-            "      | help: the value is written 0\n"
-            "warning: the call has 4 arguments\n"
-            "    [call-extra-arguments]\n"
-            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
-            "note: what remote machines see is not told\n"
-            "    [not-seen]\n"
-            "    help: each machine is tried once by hand\n"
-            "\n"
-            "1 error, 1 warning: this run would not be the one\n"
-            "that is meant.\n");
+            kCutTo50 +
+                "Sample01.cmx:2:15: error: 1 blank stands behind\n"
+                "    the value of IDTaskMode: the launcher would\n"
+                "    take it as part of the value\n"
+                "    [cmx-trailing-blank]\n"
+                "    2 | IDTaskMode = 0 \n"
+                "      |               ^\n"
+                "      | help: the value is written 0\n"
+                "warning: the call has 4 arguments\n"
+                "    [call-extra-arguments]\n"
+                "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+                "note: what remote machines see is not told\n"
+                "    [not-seen]\n"
+                "    help: each machine is tried once by hand\n"
+                "\n"
+                "1 error, 1 warning: this run would not be the one\n"
+                "that is meant.\n");
 }
 
 TEST(TextReport, ColoursMarkHeadingSeveritiesAndPlaces) {
-  EXPECT_EQ(TextReport(ReportWithFindings(), {true, 0}),
-            "\033[1mRun 01 of C:\\Projects\\Sample: FLOW, serial\033[0m\n"
-            "\n"
-            "  family        FLOW             \"flow\" and \"3d\" in Qvx3DFlow.exe\n"
-            "  mode          serial\n"
-            "  solver        C:\\Quorvex\\Bin\\Qvx3DFlow.exe\n"
-            "  command line  C:\\Quorvex\\Bin\\Qvx3DFlow.exe -home \"C:\\Quorvex\"\n"
-            "  log           "
-            "C:\\Projects\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_<time>.txt\n"
-            "\n"
-            "Sample01.cmx:2:15: \033[1;31merror:\033[0m 1 blank stands behind the value of "
-            "IDTaskMode: the launcher would take it as part of the value [cmx-trailing-blank]\n"
-            "    2 | IDTaskMode = 0 \n"
-            "      |               \033[1;36m^\033[0m help: the value is written 0\n"
-            "\033[1;33mwarning:\033[0m the call has 4 arguments [call-extra-arguments]\n"
-            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
-            "\033[1;36mnote:\033[0m what remote machines see is not told [not-seen]\n"
-            "    help: each machine is tried once by hand\n"
-            "\n"
-            "\033[1;31m1 error\033[0m, \033[1;33m1 warning\033[0m: this run would not be the one "
-            "that is meant.\n");
+  EXPECT_EQ(
+      TextReport(ReportWithFindings(), {true, 0}),
+      "\033[1mRun 01 of C:\\Projects\\Sample: FLOW, serial\033[0m\n" + kPass +
+          "Sample01.cmx:2:15: \033[1;31merror:\033[0m 1 blank stands behind the value of "
+          "IDTaskMode: the launcher would take it as part of the value [cmx-trailing-blank]\n"
+          "    2 | IDTaskMode = 0 \n"
+          "      |               \033[1;36m^\033[0m help: the value is written 0\n"
+          "\033[1;33mwarning:\033[0m the call has 4 arguments [call-extra-arguments]\n"
+          "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+          "\033[1;36mnote:\033[0m what remote machines see is not told [not-seen]\n"
+          "    help: each machine is tried once by hand\n"
+          "\n"
+          "\033[1;31m1 error\033[0m, \033[1;33m1 warning\033[0m: this run would not be the one "
+          "that is meant.\n");
 }
 
 TEST(TextReport, NoLineIsLongerThanTheTerminalIsWide) {

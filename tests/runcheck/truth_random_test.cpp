@@ -1,6 +1,6 @@
 // Random settings, as the soak has them: what the check predicts of five hundred has to be what the
 // plain formulation says, and two hundred that are in order get no warning. Nothing is launched;
-// the soak launches two hundred of the same settings and compares what happens.
+// the soak launches the five hundred and compares what happens.
 #include <gtest/gtest.h>
 
 #include <filesystem>

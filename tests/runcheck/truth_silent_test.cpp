@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <string>
+#include <vector>
 
 #include "runcheck/check.h"
 #include "tests/program/site.h"
@@ -27,22 +28,17 @@ INT WSAAPI AnswerNever(const char* /*name*/, const char* /*service*/, const addr
 
 TEST(SilentMachines, TakeNoLongerThanThreeTimeouts) {
   const Site site;
-  std::string cmx =
-      "<TASKMANAGER>\nIDTaskMode=1\n</TASKMANAGER>\n<REMOTE_MACHINES>\nValueLocalHost=NODE1\n"
-      "ValueShareFolderName=<name>\\Work\nValueParallelWorkingFolder=<site>\\Work\n"
-      "ValueNoMachine=" +
-      std::to_string(kMachines) + "\nValueMachineSetting\n";
-  for (int i = 0; i < kMachines; ++i) cmx += "x=silent" + std::to_string(i) + "\t1\n";
-  site.WriteCmx(cmx + "</REMOTE_MACHINES>\n");
+  std::vector<std::string> names;
+  for (int i = 0; i < kMachines; ++i) names.push_back("silent" + std::to_string(i));
+  site.WriteCmx(CmxOfMachines(names));
 
   letGo = CreateEventA(nullptr, TRUE, FALSE, nullptr);
   const ImportPatch patch(&__imp_getaddrinfo, reinterpret_cast<void*>(AnswerNever));
   runcheck::CheckOptions options;
   options.timeout = std::chrono::seconds(2);
   const auto start = std::chrono::steady_clock::now();
-  const runcheck::Check check = runcheck::CheckRun(
-      {"L$1", site.Specific("<site>\\Home*<site>\\Work\\Sample*Sample*3*01"), "Qvx3DFlow.exe"},
-      options);
+  const runcheck::Check check =
+      runcheck::CheckRun({"L$1", site.Specific(kTokens), "Qvx3DFlow.exe"}, options);
   const auto taken = std::chrono::steady_clock::now() - start;
   SetEvent(letGo);
 

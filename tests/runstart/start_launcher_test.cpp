@@ -32,7 +32,7 @@ class StartLauncher : public testing::Test {
     site.InstallSolver("QVXSolverLauncher.exe");
     CheckDoes("command-line;exit 0");
     LauncherDoes("command-line;exit 0");
-    site.WriteCmx("<TASKMANAGER>\r\nIDTaskMode=0\r\nValueLocalNoTask=1\r\n</TASKMANAGER>\r\n");
+    site.WriteCmx(kSerialCmx);
   }
 
   void InstallBuilt(const std::string& name) const {

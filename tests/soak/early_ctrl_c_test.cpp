@@ -20,7 +20,6 @@ namespace {
 
 constexpr int kRuns = 48;
 constexpr DWORD kPollMilliseconds = 10;
-const std::string kCtrlC = "Ctrl-C is captured.\r\n";
 
 /// Processes of programs below `folder`.
 int ProcessesFrom(const std::string& folder) {

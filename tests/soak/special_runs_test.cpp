@@ -88,17 +88,6 @@ void ExpectFirstLogOnly(const RunResult& run) {
       << log;
 }
 
-/// As many machines as names, each with one task.
-std::string Machines(const std::vector<std::string>& names) {
-  std::string cmx =
-      "<TASKMANAGER>\nIDTaskMode=1\n</TASKMANAGER>\n<REMOTE_MACHINES>\nValueLocalHost=NODE1\n"
-      "ValueShareFolderName=<name>\\Work\nValueParallelWorkingFolder=<site>\\Work\n"
-      "ValueNoMachine=" +
-      std::to_string(names.size()) + "\nValueMachineSetting\n";
-  for (const std::string& name : names) cmx += "x=" + name + "\t1\n";
-  return cmx + "</REMOTE_MACHINES>\n";
-}
-
 constexpr std::size_t kMachines = 1000;
 
 /// The part of a command line that no host's name is in.
@@ -124,7 +113,7 @@ RunPlan LongRun(std::size_t length, const std::string& script,
     for (std::size_t i = 0; i < kMachines; ++i) {
       names.emplace_back(all / kMachines + (i < all % kMachines ? 1 : 0), 'n');
     }
-    site.WriteCmx(Machines(names));
+    site.WriteCmx(CmxOfMachines(names));
   };
   return {.machine = Machine::ScriptedMpi,
           .script = script,
@@ -181,7 +170,7 @@ void AddMeddling(PlannedTests& tests) {
 
 void AddManyMachines(PlannedTests& tests) {
   const RunPlan machines = {.machine = Machine::ScriptedMpi,
-                            .cmx = Machines(std::vector<std::string>(500, "node")),
+                            .cmx = CmxOfMachines(std::vector<std::string>(500, "node")),
                             .script = "print up;flush;exit 3"};
   tests.Add("Machines", "MayBeFiveHundred", machines,
             [](const RunResult& run) { ExpectRun(run, {.shown = "up\r\n", .status = 3}); });

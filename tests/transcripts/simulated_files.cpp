@@ -63,10 +63,6 @@ bool TakesBytes(HANDLE file) {
   return false;
 }
 
-std::string Done(const Observation& observation) {
-  return observation.Fails() ? "FALSE, " + ErrorName(Machine().lastError) : "TRUE";
-}
-
 }  // namespace
 
 HANDLE WINAPI FindFirstFileA(LPCSTR pattern, LPWIN32_FIND_DATAA found) {
@@ -91,18 +87,16 @@ BOOL WINAPI FindNextFileA(HANDLE enumeration, LPWIN32_FIND_DATAA found) {
   std::string shown;
   if (observation.Fails() || !NextEntry(*found, shown)) {
     if (!observation.Fails()) Machine().lastError = ERROR_NO_MORE_FILES;
-    Record(line + "FALSE, " + ErrorName(Machine().lastError));
-    return FALSE;
+    return Answered(line, false);
   }
-  Record(line + "TRUE, " + shown);
-  return TRUE;
+  return Answered(line, true, ", " + shown);
 }
 
 BOOL WINAPI FindClose(HANDLE enumeration) {
   const Observation observation("FindClose");
-  Record(std::string("FindClose(") + (enumeration == kEnumeration ? "enumeration" : "?") +
-         ") = " + Done(observation));
-  return !observation.Fails();
+  return Answered(
+      std::string("FindClose(") + (enumeration == kEnumeration ? "enumeration" : "?") + ") = ",
+      !observation.Fails());
 }
 
 BOOL WINAPI DeleteFileA(LPCSTR path) {
@@ -117,9 +111,7 @@ BOOL WINAPI DeleteFileA(LPCSTR path) {
   } else if (!observation.Fails()) {
     Machine().lastError = there ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND;
   }
-  Record("DeleteFileA(" + Quoted(path) +
-         ") = " + (succeeds ? "TRUE" : "FALSE, " + ErrorName(Machine().lastError)));
-  return succeeds;
+  return Answered("DeleteFileA(" + Quoted(path) + ") = ", succeeds);
 }
 
 HANDLE WINAPI CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES attributes,
@@ -171,23 +163,18 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written,
                            Quoted(std::string_view(static_cast<const char*>(bytes), size)) +
                            (overlapped == nullptr ? "" : ", overlapped") + ") = ";
   *written = 0;
-  if (observation.Fails() || !TakesBytes(file)) {
-    Record(line + "FALSE, " + ErrorName(Machine().lastError));
-    return FALSE;
-  }
+  if (observation.Fails() || !TakesBytes(file)) return Answered(line, false);
   const auto& shortWrites = Machine().scenario.shortWrites;
   const auto taken = shortWrites.find({"WriteFile", Machine().CallsOf("WriteFile")});
   *written = taken == shortWrites.end() ? size : std::min(size, taken->second);
-  Record(line + "TRUE, " + (*written == size ? "all" : std::to_string(*written)) + " written");
-  return TRUE;
+  return Answered(line, true,
+                  ", " + (*written == size ? "all" : std::to_string(*written)) + " written");
 }
 
 BOOL WINAPI FlushFileBuffers(HANDLE file) {
   const Observation observation("FlushFileBuffers");
   const bool succeeds = !observation.Fails() && TakesBytes(file);
-  Record("FlushFileBuffers(" + FileRole(file) +
-         ") = " + (succeeds ? "TRUE" : "FALSE, " + ErrorName(Machine().lastError)));
-  return succeeds;
+  return Answered("FlushFileBuffers(" + FileRole(file) + ") = ", succeeds);
 }
 
 DWORD WINAPI GetFileType(HANDLE file) {

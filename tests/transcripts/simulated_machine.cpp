@@ -110,6 +110,11 @@ void SimulatedMachine::EndChild(int child, DWORD exitCode) {
 
 SimulatedMachine& Machine() { return *machine; }
 
+BOOL Answered(const std::string& line, bool succeeds, const std::string& more) {
+  Record(line + (succeeds ? "TRUE" + more : "FALSE, " + ErrorName(Machine().lastError)));
+  return succeeds ? TRUE : FALSE;
+}
+
 void StartMachine(const Scenario& scenario) {
   machine = std::make_unique<SimulatedMachine>(scenario);
   machine->logs = scenario.oldLogs;

@@ -73,6 +73,10 @@ class SimulatedMachine {
 /// The one of the present run.
 SimulatedMachine& Machine();
 
+/// Takes down a call, `line`, that answers TRUE, with `more` behind it, or FALSE, with the
+/// last-error code; returns the answer.
+BOOL Answered(const std::string& line, bool succeeds, const std::string& more = {});
+
 /// Answers for `scenario` from here on; the last machine is forgotten.
 void StartMachine(const Scenario& scenario);
 

@@ -56,9 +56,6 @@ std::string ExitCode(DWORD code) {
          (static_cast<int>(code) < 0 ? " (" + Hexadecimal(code) + ")" : "");
 }
 
-/// Of this function's failing and succeeding calls.
-std::string Error() { return "FALSE, " + ErrorName(Machine().lastError); }
-
 RunningState* ChildOf(HANDLE process) {
   const OpenHandle* handle = Machine().Find(process);
   if (handle == nullptr || !handle->open || handle->child < 0) return nullptr;
@@ -86,16 +83,12 @@ BOOL WINAPI CreatePipe(PHANDLE read, PHANDLE write, LPSECURITY_ATTRIBUTES attrib
   const std::string name = (call % 2 != 0 ? "output pipe" : "input pipe") +
                            (call > 2 ? " " + std::to_string((call + 1) / 2) : std::string());
   const std::string line =
-      "CreatePipe(" + Attributes(attributes) + ", size " + std::to_string(size) + ")";
-  if (observation.Fails()) {
-    Record(line + " = " + Error());
-    return FALSE;
-  }
+      "CreatePipe(" + Attributes(attributes) + ", size " + std::to_string(size) + ") = ";
+  if (observation.Fails()) return Answered(line, false);
   const bool inheritable = attributes != nullptr && attributes->bInheritHandle != 0;
   *read = Machine().Open({.role = name + ", read end", .inheritable = inheritable});
   *write = Machine().Open({.role = name + ", write end", .inheritable = inheritable});
-  Record(line + " = TRUE, " + name);
-  return TRUE;
+  return Answered(line, true, ", " + name);
 }
 
 BOOL WINAPI SetHandleInformation(HANDLE handle, DWORD mask, DWORD flags) {
@@ -109,9 +102,9 @@ BOOL WINAPI SetHandleInformation(HANDLE handle, DWORD mask, DWORD flags) {
   const std::initializer_list<NamedFlag> names = {
       {HANDLE_FLAG_INHERIT, "HANDLE_FLAG_INHERIT"},
       {HANDLE_FLAG_PROTECT_FROM_CLOSE, "HANDLE_FLAG_PROTECT_FROM_CLOSE"}};
-  Record("SetHandleInformation(" + Machine().RoleOf(handle) + ", " + Flags(mask, names) + ", " +
-         Flags(flags, names) + ") = " + (succeeds ? "TRUE" : Error()));
-  return succeeds;
+  return Answered("SetHandleInformation(" + Machine().RoleOf(handle) + ", " + Flags(mask, names) +
+                      ", " + Flags(flags, names) + ") = ",
+                  succeeds);
 }
 
 BOOL WINAPI CloseHandle(HANDLE handle) {
@@ -121,9 +114,7 @@ BOOL WINAPI CloseHandle(HANDLE handle) {
   const bool open = found != nullptr && found->open;
   if (open) found->open = false;  // also when it says that it failed
   if (!open) Machine().lastError = ERROR_INVALID_HANDLE;
-  const bool succeeds = open && !observation.Fails();
-  Record("CloseHandle(" + role + ") = " + (succeeds ? "TRUE" : Error()));
-  return succeeds;
+  return Answered("CloseHandle(" + role + ") = ", open && !observation.Fails());
 }
 
 BOOL WINAPI CreateProcessA(LPCSTR application, LPSTR commandLine,
@@ -156,16 +147,15 @@ BOOL WINAPI CreateProcessA(LPCSTR application, LPSTR commandLine,
   if (error != ERROR_SUCCESS) {
     machine.lastError = error;
     child.ended = true;
-    Record(") = " + Error());
-    return FALSE;
+    return Answered(") = ", false);
   }
   process->hProcess = machine.Open({.role = "child" + number, .child = static_cast<int>(index)});
   process->hThread = machine.Open({.role = "thread of child" + number});
   process->dwProcessId = child.processIdentifier;
   process->dwThreadId = child.processIdentifier + 1;
-  Record(") = TRUE, child" + number + ", process identifier " +
-         std::to_string(child.processIdentifier));
-  return TRUE;
+  return Answered(
+      ") = ", true,
+      ", child" + number + ", process identifier " + std::to_string(child.processIdentifier));
 }
 
 BOOL WINAPI GetExitCodeProcess(HANDLE process, LPDWORD exitCode) {
@@ -174,14 +164,12 @@ BOOL WINAPI GetExitCodeProcess(HANDLE process, LPDWORD exitCode) {
   const std::string line = "GetExitCodeProcess(" + Machine().RoleOf(process) + ") = ";
   if (child == nullptr || observation.Fails()) {
     if (child == nullptr) Machine().lastError = ERROR_INVALID_HANDLE;
-    Record(line + Error());
-    return FALSE;
+    return Answered(line, false);
   }
   const Child& script = ScriptOf(*child);
   if (script.endsEarly && child->reads + 1 >= script.output.size()) End(*child);
   *exitCode = child->exitCode;
-  Record(line + "TRUE, " + ExitCode(child->exitCode));
-  return TRUE;
+  return Answered(line, true, ", " + ExitCode(child->exitCode));
 }
 
 BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read,
@@ -198,22 +186,20 @@ BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read,
   const OpenHandle* handle = Machine().Find(file);
   if (observation.Fails() || child == nullptr || handle == nullptr || !handle->open) {
     if (!observation.Fails()) Machine().lastError = ERROR_INVALID_HANDLE;
-    Record(line + Error());
-    return FALSE;
+    return Answered(line, false);
   }
   const std::vector<std::string>& output = ScriptOf(*child).output;
   if (child->ended || child->reads >= output.size()) {
     End(*child);
     Machine().lastError = ERROR_BROKEN_PIPE;
-    Record(line + Error());
-    return FALSE;
+    return Answered(line, false);
   }
   const std::string& chunk = output[child->reads++];
   *read = static_cast<DWORD>(std::min<std::size_t>(chunk.size(), size));
   std::memcpy(buffer, chunk.data(), *read);
-  Record(line + "TRUE, " + std::to_string(*read) + " bytes " +
-         Quoted(std::string_view(chunk).substr(0, *read)));
-  return TRUE;
+  return Answered(
+      line, true,
+      ", " + std::to_string(*read) + " bytes " + Quoted(std::string_view(chunk).substr(0, *read)));
 }
 
 DWORD WINAPI WaitForSingleObject(HANDLE handle, DWORD milliseconds) {
@@ -245,9 +231,9 @@ BOOL WINAPI TerminateProcess(HANDLE process, UINT exitCode) {
   } else if (!observation.Fails()) {
     Machine().lastError = child == nullptr ? ERROR_INVALID_HANDLE : ERROR_ACCESS_DENIED;
   }
-  Record("TerminateProcess(" + Machine().RoleOf(process) + ", " + ExitCode(exitCode) +
-         ") = " + (succeeds ? "TRUE" : Error()));
-  return succeeds;
+  return Answered(
+      "TerminateProcess(" + Machine().RoleOf(process) + ", " + ExitCode(exitCode) + ") = ",
+      succeeds);
 }
 
 HANDLE WINAPI OpenProcess(DWORD access, BOOL inherit, DWORD identifier) {

@@ -37,13 +37,9 @@ BOOL WINAPI SetConsoleCtrlHandler(PHANDLER_ROUTINE handler, BOOL add) {
   const std::string line = std::string("SetConsoleCtrlHandler(") +
                            (handler == nullptr ? "none" : "a handler") + ", add " + Truth(add) +
                            ") = ";
-  if (observation.Fails()) {
-    Record(line + "FALSE, " + ErrorName(Machine().lastError));
-    return FALSE;
-  }
+  if (observation.Fails()) return Answered(line, false);
   Machine().consoleHandler = add != 0 ? handler : nullptr;
-  Record(line + "TRUE");
-  return TRUE;
+  return Answered(line, true);
 }
 
 HRESULT WINAPI SHGetFolderPathA(HWND window, int folder, HANDLE token, DWORD flags, LPSTR path) {
@@ -140,39 +136,19 @@ BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value) {
   const Observation observation("SetEnvironmentVariableA");
   const std::string line =
       "SetEnvironmentVariableA(" + Quoted(name) + ", " + QuotedOr(value, "none") + ") = ";
-  if (observation.Fails()) {
-    Record(line + "FALSE, " + ErrorName(Machine().lastError));
-    return FALSE;
-  }
+  if (observation.Fails()) return Answered(line, false);
   if (value != nullptr) Machine().environment[name] = value;
   if (value == nullptr) Machine().environment.erase(name);
-  Record(line + "TRUE");
-  return TRUE;
+  return Answered(line, true);
 }
 
 void WINAPI GetLocalTime(LPSYSTEMTIME time) {
   const Observation observation("GetLocalTime");
-  if (Machine().CallsOf("GetLocalTime") == 1) {
-    *time = {.wYear = 2024,
-             .wMonth = 3,
-             .wDayOfWeek = 2,
-             .wDay = 5,
-             .wHour = 9,
-             .wMinute = 7,
-             .wSecond = 2,
-             .wMilliseconds = 45};
-    Record("GetLocalTime() = year 2024, month 3, Tuesday, day 5, 9:7:2.045");
-  } else {
-    *time = {.wYear = 2024,
-             .wMonth = 11,
-             .wDayOfWeek = 4,
-             .wDay = 14,
-             .wHour = 21,
-             .wMinute = 38,
-             .wSecond = 56,
-             .wMilliseconds = 789};
-    Record("GetLocalTime() = year 2024, month 11, Thursday, day 14, 21:38:56.789");
-  }
+  const bool first = Machine().CallsOf("GetLocalTime") == 1;
+  *time =
+      first ? SYSTEMTIME{2024, 3, 2, 5, 9, 7, 2, 45} : SYSTEMTIME{2024, 11, 4, 14, 21, 38, 56, 789};
+  Record(std::string("GetLocalTime() = year 2024, month ") +
+         (first ? "3, Tuesday, day 5, 9:7:2.045" : "11, Thursday, day 14, 21:38:56.789"));
 }
 
 void WINAPI Sleep(DWORD milliseconds) {

@@ -46,13 +46,8 @@ TEST(LauncherContext, BuildsItsObjectsInAFixedOrder) {
   EXPECT_TRUE(std::is_sorted(members.begin(), members.end()));
 }
 
-struct Text {
-  std::span<const char> field;
-  std::size_t width;
-};
-
-void ExpectEmpty(std::initializer_list<Text> texts) {
-  for (const auto& [field, width] : texts) {
+void ExpectEmpty(std::size_t width, std::initializer_list<std::span<const char>> fields) {
+  for (const auto& field : fields) {
     EXPECT_EQ(field.size(), width);
     EXPECT_EQ(field.front(), '\0');
   }
@@ -61,20 +56,12 @@ void ExpectEmpty(std::initializer_list<Text> texts) {
 TEST(LauncherContext, StartsWithEmptyTextsOfTheirWidths) {
   BuiltContext built;
   LauncherContext& context = *built;
-  ExpectEmpty({
-      {context.solverExecutableName, 64},
-      {context.savedSolverExecutableName, 64},
-      {context.cmxPath, 260},
-      {context.currentRunPath, 260},
-      {context.localRunPath, 260},
-      {context.remoteHomePath, 260},
-      {context.homeFolder, 260},
-      {context.applicationDataFolder, 260},
-      {context.solverArgumentString, 4096},
-      {context.redirectLogScratch, 32768},
-      {context.parallelFolderName, 260},
-      {context.mpiInstallationPath, 260},
-  });
+  ExpectEmpty(64, {context.solverExecutableName, context.savedSolverExecutableName});
+  ExpectEmpty(260, {context.cmxPath, context.currentRunPath, context.localRunPath,
+                    context.remoteHomePath, context.homeFolder, context.applicationDataFolder,
+                    context.parallelFolderName, context.mpiInstallationPath});
+  ExpectEmpty(4096, {context.solverArgumentString});
+  ExpectEmpty(32768, {context.redirectLogScratch});
 }
 
 TEST(LauncherContext, StartsWithNumbersAndFlagsOfZero) {
@@ -90,34 +77,18 @@ TEST(LauncherContext, StartsWithNumbersAndFlagsOfZero) {
 TEST(LauncherContext, StartsWithEmptySettings) {
   BuiltContext built;
   const TaskManagerSettings& tasks = (*built).taskManagerSettings;
-  ExpectEmpty({
-      {tasks.Version, 32},
-      {tasks.IDTaskMode, 32},
-      {tasks.flagAccelerationType, 32},
-      {tasks.ValueNoTask, 32},
-      {tasks.ValueLocalNoTask, 32},
-      {tasks.ValueConsoleRedirection, 32},
-  });
+  ExpectEmpty(32, {tasks.Version, tasks.IDTaskMode, tasks.flagAccelerationType, tasks.ValueNoTask,
+                   tasks.ValueLocalNoTask, tasks.ValueConsoleRedirection});
   const RemoteMachineSettings& remote = (*built).remoteMachineSettings;
-  ExpectEmpty({
-      {remote.Version, 32},
-      {remote.ValueNoMachine, 32},
-      {remote.ValueRemoteNoTask, 32},
-      {remote.ValueMap, 32},
-      {remote.ValueShareFolderName, 260},
-      {remote.ValueParallelWorkingFolder, 260},
-      {remote.ValueLocalHost, 32},
-      {remote.ValueStorageNode, 32},
-  });
+  ExpectEmpty(32, {remote.Version, remote.ValueNoMachine, remote.ValueRemoteNoTask, remote.ValueMap,
+                   remote.ValueLocalHost, remote.ValueStorageNode});
+  ExpectEmpty(260, {remote.ValueShareFolderName, remote.ValueParallelWorkingFolder});
   EXPECT_TRUE(remote.machines.empty());
   const MachineEntry machine;
-  ExpectEmpty({{machine.hostName, 32}, {machine.taskCount, 32}, {machine.weighting, 32}});
+  ExpectEmpty(32, {machine.hostName, machine.taskCount, machine.weighting});
   const MultiShotSettings& shot = (*built).multiShotSettings;
-  ExpectEmpty({
-      {shot.Version, 32},
-      {shot.ValueShotProjectPath, 1024},
-      {shot.ValueShotProjectName, 1024},
-  });
+  ExpectEmpty(32, {shot.Version});
+  ExpectEmpty(1024, {shot.ValueShotProjectPath, shot.ValueShotProjectName});
   EXPECT_EQ(shot.FlagPrevShot, 0);
   EXPECT_EQ(shot.ValueShotRunID, 0);
   EXPECT_EQ(shot.FlagPrevShotProject, 0);

@@ -96,10 +96,6 @@ TEST(RemoteMachineSettings, RefuseOverlongFields) {
                "ERROR: CMX value is too long: width 260, length 260");
 }
 
-TEST(MachineBlock, TakesHostNameAndTaskCount) {
-  EXPECT_EQ(MachinesOf(kTwoMachines), "[0]nodeA\t:4\t\n[1]nodeB\t:2\t\n");
-}
-
 TEST(MachineBlock, TakesTheWordNullForATaskCountThatIsMissing) {
   EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineSetting\n1=nodeA 4\n"),
             "[0]nodeA 4\t:NULL\t\n");

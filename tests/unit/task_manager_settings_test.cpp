@@ -38,10 +38,6 @@ TEST(TaskManagerSettings, AreReadByKey) {
   EXPECT_STREQ(record.ValueConsoleRedirection, "yes");
 }
 
-TEST(TaskManagerSettings, AreReadInSilence) {
-  EXPECT_EQ(test::PrintedBy([] { ReadLines(kAllLines); }), "");
-}
-
 TEST(TaskManagerSettings, KeepWhatTheFileDoesNotName) {
   const test::TemporaryFolder folder;
   const std::string path = folder.Write("run.cmx", "<TASKMANAGER>\nValueNoTask=4\n");
@@ -53,9 +49,8 @@ TEST(TaskManagerSettings, KeepWhatTheFileDoesNotName) {
   EXPECT_STREQ(record.ValueNoTask, "4");
 }
 
-TEST(TaskManagerSettings, AreDumpedLineByLine) {
-  const TaskManagerSettings record = ReadLines(kAllLines);
-  EXPECT_EQ(test::PrintedBy([&] { DumpTaskManagerSettings(record); }),
+TEST(TaskManagerSettings, AreReadInSilenceAndDumpedLineByLine) {
+  EXPECT_EQ(test::PrintedBy([] { DumpTaskManagerSettings(ReadLines(kAllLines)); }),
             "Version                    = 1.0\n"
             "IDTaskMode                 = 0\n"
             "FlagAccelerationType       = 2\n"

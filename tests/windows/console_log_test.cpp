@@ -49,6 +49,7 @@ TEST_F(OldLogs, NeedNotBeThere) {
   EXPECT_EQ(CleanUpOldLogs(context, folder.Path("none\\*.txt")), DWORD{0});
 }
 
+/// No launch has a null handle, nor looks at what a write returns.
 class LogWriter : public test::LaunchTest {
  protected:
   ~LogWriter() override { CloseHandle(log_); }

@@ -1,0 +1,210 @@
+// Keys of the CMX file that nothing reads, and what stands between a key and its value.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/runcheck/cmx_found.h"
+
+namespace qvx::runcheck {
+namespace {
+
+TEST(CmxKeys, AKeyInAnotherLetterCaseIsIgnored) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "idtaskmode = 0")),
+            "Sample03.cmx:2:1: error: idtaskmode is not written IDTaskMode: the launcher would "
+            "ignore the line and run distributed [cmx-key-case]\n"
+            "    2 | idtaskmode = 0\n"
+            "      | ^~~~~~~~~~ help: a key of this section is written IDTaskMode\n");
+}
+
+TEST(CmxKeys, AMisspeltKeyIsIgnored) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMod = 0")),
+            "Sample03.cmx:2:1: error: IDTaskMod is no key of TASKMANAGER: the launcher would "
+            "ignore the line and run distributed [cmx-unknown-key]\n"
+            "    2 | IDTaskMod = 0\n"
+            "      | ^~~~~~~~~ help: a key of this section is written IDTaskMode\n");
+}
+
+TEST(CmxKeys, AMisspeltKeyBesideTheRightOneIsAWarning) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode = 0\nIDTaskMod = 0")),
+            "Sample03.cmx:3:1: warning: IDTaskMod is no key of TASKMANAGER [cmx-unknown-key]\n"
+            "    3 | IDTaskMod = 0\n"
+            "      | ^~~~~~~~~ help: a key of this section is written IDTaskMode\n");
+}
+
+TEST(CmxKeys, AMisspeltTaskCountIsSaidOnce) {
+  EXPECT_EQ(Found(Local("ValueNoTask = 1\nValueLocalNoTask = 1",
+                        "ValueNoTasks = 2\nValueLocalNoTask = 2")),
+            "Sample03.cmx:3:1: error: ValueNoTasks is no key of TASKMANAGER: the launcher would "
+            "ignore the line [cmx-unknown-key]\n"
+            "    3 | ValueNoTasks = 2\n"
+            "      | ^~~~~~~~~~~~ help: a key of this section is written ValueNoTask\n");
+}
+
+TEST(CmxKeys, AMisspeltWeightingBlock) {
+  EXPECT_EQ(Found(Distributed("ValueMachineWeighting = weight", "ValueMachinWeighting = weight")),
+            "Sample03.cmx:12:1: warning: ValueMachinWeighting is no key of REMOTE_MACHINES "
+            "[cmx-unknown-key]\n"
+            "   12 | ValueMachinWeighting = weight\n"
+            "      | ^~~~~~~~~~~~~~~~~~~~ help: a key of this section is written "
+            "ValueMachineWeighting\n");
+}
+
+TEST(CmxKeys, AMisspeltBlockWithoutAnEqualsSign) {
+  EXPECT_EQ(Found(Distributed("ValueMachineWeighting = weight", "ValueMachinWeighting")),
+            "Sample03.cmx:12:1: warning: ValueMachinWeighting is no key of REMOTE_MACHINES "
+            "[cmx-unknown-key]\n"
+            "   12 | ValueMachinWeighting\n"
+            "      | ^~~~~~~~~~~~~~~~~~~~ help: a key of this section is written "
+            "ValueMachineWeighting\n");
+}
+
+TEST(CmxKeys, AShortenedKey) {
+  EXPECT_EQ(Found(Distributed("ValueParallelWorkingFolder = C:\\Projects",
+                              "ValueWorkingFolder = C:\\Projects")),
+            "Sample03.cmx:7:1: error: ValueWorkingFolder is no key of REMOTE_MACHINES: the "
+            "launcher would ignore the line [cmx-unknown-key]\n"
+            "    7 | ValueWorkingFolder = C:\\Projects\n"
+            "      | ^~~~~~~~~~~~~~~~~~ help: a key of this section is written "
+            "ValueParallelWorkingFolder\n");
+}
+
+TEST(CmxKeys, AShortenedKeyThatMayBeTwoIsANote) {
+  EXPECT_EQ(Found(Distributed("</REMOTE_MACHINES>", "ValueFolder = C\n</REMOTE_MACHINES>")),
+            "Sample03.cmx:15:1: note: ValueFolder is no key of REMOTE_MACHINES [cmx-unknown-key]\n"
+            "   15 | ValueFolder = C\n"
+            "      | ^~~~~~~~~~~ help: the line is left out\n");
+}
+
+TEST(CmxKeys, ASpaceInAKeyIsInOrder) {
+  EXPECT_EQ(Found(Changed(Local("IDTaskMode", "  ID Task Mode"), "ValueLocal", "Value Local")), "");
+}
+
+TEST(CmxKeys, AnUnknownKeyIsANote) {
+  EXPECT_EQ(Found(Local("</TASKMANAGER>", "Colour = red\n</TASKMANAGER>")),
+            "Sample03.cmx:5:1: note: Colour is no key of TASKMANAGER [cmx-unknown-key]\n"
+            "    5 | Colour = red\n"
+            "      | ^~~~~~ help: the line is left out\n");
+}
+
+TEST(CmxKeys, AKeyWithTwoMoreLettersOfSevenIsUnknown) {
+  EXPECT_EQ(Found(Local("</TASKMANAGER>", "Versions2 = 1\n</TASKMANAGER>")),
+            "Sample03.cmx:5:1: note: Versions2 is no key of TASKMANAGER [cmx-unknown-key]\n"
+            "    5 | Versions2 = 1\n"
+            "      | ^~~~~~~~~ help: the line is left out\n");
+}
+
+TEST(CmxKeys, ARemarkIsInOrder) {
+  EXPECT_EQ(
+      Found(Local("<TASKMANAGER>", "<TASKMANAGER>\n; a remark\n# another = one\n\nfree text")), "");
+}
+
+TEST(CmxKeys, ATabBesideAKeyHidesIt) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode\t= 0")),
+            "Sample03.cmx:2:1: error: a tab stands beside IDTaskMode: the launcher would ignore "
+            "the line and run distributed [cmx-key-blank]\n"
+            "    2 | IDTaskMode\t= 0\n"
+            "      | ^~~~~~~~~~~ help: a key of this section is written IDTaskMode\n");
+}
+
+TEST(CmxKeys, AKeyOfAnotherSectionIsIgnored) {
+  EXPECT_EQ(Found(Local("</TASKMANAGER>", "ValueNoMachine = 2\n</TASKMANAGER>")),
+            "Sample03.cmx:5:1: warning: ValueNoMachine is a key of REMOTE_MACHINES, not of "
+            "TASKMANAGER [cmx-key-section]\n"
+            "    5 | ValueNoMachine = 2\n"
+            "      | ^~~~~~~~~~~~~~ help: it is moved into REMOTE_MACHINES\n");
+}
+
+TEST(CmxKeys, AKeyOutsideItsSectionIsIgnored) {
+  EXPECT_EQ(Found("IDTaskMode = 0\n" + Local("IDTaskMode = 0\n", "")),
+            "Sample03.cmx:1:1: error: IDTaskMode stands outside TASKMANAGER: the launcher would "
+            "ignore the line [cmx-key-section]\n"
+            "    1 | IDTaskMode = 0\n"
+            "      | ^~~~~~~~~~ help: it is moved into TASKMANAGER\n");
+}
+
+TEST(CmxKeys, AForeignSectionMayUseTheSameKey) {
+  EXPECT_EQ(Found(Local() + "<MESH>\nValueNoTask=99\n</MESH>\n"), "");
+}
+
+TEST(CmxKeys, TwoValuesOfAKey) {
+  EXPECT_EQ(Found(Distributed("<TASKMANAGER>", "<TASKMANAGER>\nIDTaskMode = 0")),
+            "Sample03.cmx:3:1: error: IDTaskMode is set to 0 in line 2 and to 1 here: the launcher "
+            "would let the last value count [cmx-key-twice]\n"
+            "    3 | IDTaskMode = 1\n"
+            "      | ^~~~~~~~~~~~~~ help: it stands once\n");
+}
+
+TEST(CmxKeys, TheSameValueTwiceIsInOrder) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode = 0\nIDTaskMode = 0")), "");
+}
+
+TEST(CmxKeys, AMissingTaskModeMeansDistributed) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0\n", "")),
+            "Sample03.cmx:1:1: error: TASKMANAGER holds no IDTaskMode: the run would be "
+            "distributed [cmx-key-missing]\n"
+            "    1 | <TASKMANAGER>\n"
+            "      | ^~~~~~~~~~~~~ help: the key is written into its section\n");
+}
+
+TEST(CmxKeys, AMissingLocalTaskCountMeansSharedMemory) {
+  EXPECT_EQ(Found(Local("ValueLocalNoTask = 1\n", "")),
+            "Sample03.cmx:1:1: warning: TASKMANAGER holds no ValueLocalNoTask [cmx-key-missing]\n"
+            "    1 | <TASKMANAGER>\n"
+            "      | ^~~~~~~~~~~~~ help: the key is written into its section\n");
+}
+
+TEST(CmxKeys, AColonForAnEqualsSign) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode: 0")),
+            "Sample03.cmx:2:1: error: IDTaskMode is followed by : and not by =: the launcher would "
+            "ignore the line and run distributed [cmx-separator]\n"
+            "    2 | IDTaskMode: 0\n"
+            "      | ^~~~~~~~~~~~~ help: the line is written IDTaskMode = 0\n");
+}
+
+TEST(CmxKeys, ABlockWithAColonIsSaidOnce) {
+  EXPECT_EQ(
+      Found(Distributed("ValueMachineSetting = host, tasks", "ValueMachineSetting: host")),
+      "Sample03.cmx:9:1: error: ValueMachineSetting is followed by : and not by =: the launcher "
+      "would ignore the line or take the rest into the value [cmx-separator]\n"
+      "    9 | ValueMachineSetting: host\n"
+      "      | ^~~~~~~~~~~~~~~~~~~~~~~~~ help: the line is written ValueMachineSetting = host\n");
+}
+
+TEST(CmxKeys, AColonWithinAValueIsInOrder) {
+  EXPECT_EQ(Found(Local("</TASKMANAGER>", "Version = 1:0\n</TASKMANAGER>")), "");
+}
+
+TEST(CmxKeys, ABlankForAnEqualsSign) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode 0")),
+            "Sample03.cmx:2:1: error: no = stands between IDTaskMode and its value: the launcher "
+            "would ignore the line and run distributed [cmx-separator]\n"
+            "    2 | IDTaskMode 0\n"
+            "      | ^~~~~~~~~~~~ help: the line is written IDTaskMode = 0\n");
+}
+
+TEST(CmxKeys, AColonBeforeAnEqualsSign) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode := 0")),
+            "Sample03.cmx:2:1: error: IDTaskMode is followed by := and not by =: the launcher "
+            "would ignore the line and run distributed [cmx-separator]\n"
+            "    2 | IDTaskMode := 0\n"
+            "      | ^~~~~~~~~~~~ help: the line is written IDTaskMode = 0\n");
+}
+
+TEST(CmxKeys, TwoEqualsSigns) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode == 0")),
+            "Sample03.cmx:2:13: error: two separators stand between IDTaskMode and its value: the "
+            "value is not 0 and the run would be distributed [cmx-separator]\n"
+            "    2 | IDTaskMode == 0\n"
+            "      |             ^ help: the value is written 0\n");
+}
+
+TEST(CmxKeys, AKeyWithoutAValue) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "IDTaskMode")),
+            "Sample03.cmx:2:1: error: IDTaskMode stands without =: the value is not 0 and the run "
+            "would be distributed [cmx-no-equals]\n"
+            "    2 | IDTaskMode\n"
+            "      | ^~~~~~~~~~ help: key and value are separated by =\n");
+}
+
+}  // namespace
+}  // namespace qvx::runcheck

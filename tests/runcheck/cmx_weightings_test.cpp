@@ -1,0 +1,106 @@
+// The lines of the weighting block in a distributed run's CMX file.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/runcheck/cmx_found.h"
+
+namespace qvx::runcheck {
+namespace {
+
+TEST(CmxWeightings, FewerWeightingsThanCounted) {
+  EXPECT_EQ(Found(Distributed("2 = 0.4\n", "")),
+            "Sample03.cmx:14:1: warning: </REMOTE_MACHINES> is taken as weighting 2 of 2 "
+            "[weighting-count]\n"
+            "   14 | </REMOTE_MACHINES>\n"
+            "      | ^~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the number of lines in both "
+            "blocks, which follow one another without a gap\n");
+}
+
+TEST(CmxWeightings, MoreWeightingsThanCounted) {
+  EXPECT_EQ(Found(Distributed("</REMOTE_MACHINES>", "3 = 0.1\n</REMOTE_MACHINES>")),
+            "Sample03.cmx:15:1: warning: ValueNoMachine is 2 and the weighting block has 3 lines "
+            "[weighting-count]\n"
+            "   15 | 3 = 0.1\n"
+            "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
+}
+
+TEST(CmxWeightings, AWeightingTooManyHasNoSum) {
+  EXPECT_EQ(
+      Found(Changed(Distributed("ValueNoMachine = 2", "ValueNoMachine = 1"), "2 = NODE2\t1\n", "")),
+      "Sample03.cmx:13:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines "
+      "[weighting-count]\n"
+      "   13 | 2 = 0.4\n"
+      "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
+}
+
+TEST(CmxWeightings, AMissingWeightingBlock) {
+  EXPECT_EQ(Found(Changed(Distributed(kWeightingBlock, ""), "ValueMachineSetting = host, tasks",
+                          "ValueMachineSetting")),
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "    5 | ValueNoMachine = 2\n"
+            "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
+}
+
+TEST(CmxWeightings, AMissingWeightingBlockBesideAMachineBlockWithAnEqualsSign) {
+  EXPECT_EQ(Found(Distributed(kWeightingBlock, "")),
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "    5 | ValueNoMachine = 2\n"
+            "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
+}
+
+TEST(CmxWeightings, ADecimalComma) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = 0,6")),
+            "Sample03.cmx:13:5: warning: 0,6 is no weighting [weighting-value]\n"
+            "   13 | 1 = 0,6\n"
+            "      |     ^~~ help: the decimal point is written 0.6\n");
+}
+
+TEST(CmxWeightings, AWeightingThatIsAWord) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = much")),
+            "Sample03.cmx:13:5: warning: much is no weighting [weighting-value]\n"
+            "   13 | 1 = much\n"
+            "      |     ^~~~ help: a weighting is a number such as 0.6\n");
+}
+
+TEST(CmxWeightings, AWeightingOfZero) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6\n2 = 0.4", "1 = 0\n2 = 1")),
+            "Sample03.cmx:13:5: warning: the weighting is 0 [weighting-value]\n"
+            "   13 | 1 = 0\n"
+            "      |     ^ help: a weighting is a number such as 0.6\n");
+}
+
+TEST(CmxWeightings, EachWeightingThatIsNoneIsSaid) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6\n2 = 0.4", "1 = much\n2 = 0")),
+            "Sample03.cmx:13:5: warning: much is no weighting [weighting-value]\n"
+            "   13 | 1 = much\n"
+            "      |     ^~~~ help: a weighting is a number such as 0.6\n"
+            "Sample03.cmx:14:5: warning: the weighting is 0 [weighting-value]\n"
+            "   14 | 2 = 0\n"
+            "      |     ^ help: a weighting is a number such as 0.6\n");
+}
+
+TEST(CmxWeightings, ASmallWeightingIsInOrder) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6\n2 = 0.4", "1 = 0.001\n2 = 0.999")), "");
+}
+
+TEST(CmxWeightings, WeightingsThatDoNotAddUp) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = 0.7")),
+            "Sample03.cmx:14:5: warning: the weightings add up to 1.1 [weighting-sum]\n"
+            "   14 | 2 = 0.4\n"
+            "      |     ^~~ help: weightings are shares of 1\n");
+}
+
+TEST(CmxWeightings, WeightingsRoundedToTwoDecimals) {
+  EXPECT_EQ(Found(Changed(Changed(Distributed("ValueNoMachine = 2", "ValueNoMachine = 3"),
+                                  "2 = NODE2\t1", "2 = NODE2\t1\n3 = NODE3\t1"),
+                          "1 = 0.6\n2 = 0.4", "1 = 0.33\n2 = 0.33\n3 = 0.33")),
+            "");
+}
+
+TEST(CmxWeightings, ARemarkBehindAWeightingIsInOrder) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = 0.6 ; fast")), "");
+}
+
+}  // namespace
+}  // namespace qvx::runcheck
