@@ -136,7 +136,8 @@ class RunCheck {
     const SettingLine* flag =
         reading == nullptr ? nullptr : reading->Find("Flag3DSolidCoolingChannel");
     if (flag == nullptr) return;
-    check_.report.reasons.push_back({"flow pass", "Flag3DSolidCoolingChannel = " + flag->value,
+    check_.report.reasons.push_back({"flow pass",
+                                     "Flag3DSolidCoolingChannel = " + std::string(flag->value),
                                      ValueRange(facts.File(), *flag)});
   }
 
@@ -153,7 +154,7 @@ class RunCheck {
     if (setting == nullptr) {
       reasons.push_back({"mode", std::string(key) + " is empty", std::nullopt});
     } else {
-      reasons.push_back({"mode", std::string(key) + " = " + setting->value,
+      reasons.push_back({"mode", std::string(key) + " = " + std::string(setting->value),
                          LineRange(facts.File(), *setting->line)});
     }
   }

@@ -11,7 +11,7 @@ constexpr char kControlZ = 0x1A;
 
 bool OpensASection(const CmxFacts& facts, std::string_view text) {
   return std::ranges::any_of(facts.Readings(), [&](const SectionReading& reading) {
-    return text == OpeningTag(*reading.section);
+    return IsOpeningTag(*reading.section, text);
   });
 }
 
@@ -53,6 +53,7 @@ void CheckByteOrderMark(const CmxFacts& facts, Diagnostics& found) {
 }
 
 void CheckZeroBytes(const CmxFacts& facts, Diagnostics& found) {
+  if (facts.File().bytes.find('\0') == std::string::npos) return;
   for (const CmxLine& line : facts.Lines()) {
     const std::size_t at = line.whole.find('\0');
     if (at == std::string_view::npos) continue;

@@ -11,7 +11,10 @@ namespace qvx::runcheck {
 namespace {
 
 // No-break space in the Latin code pages, byte-order mark, separators.
-constexpr std::string_view kInvisible = " \t\r\v\f\xA0\xEF\xBB\xBF";
+bool IsInvisible(char c) {
+  constexpr std::string_view kInvisible = " \t\r\v\f\xA0\xEF\xBB\xBF";
+  return std::ranges::find(kInvisible, c) != kInvisible.end();
+}
 
 bool IsRead(const CmxSection& section, SolverClass solverClass) {
   if (AlwaysRunsSerially(solverClass)) return false;
@@ -30,7 +33,7 @@ CmxFacts::CmxFacts(CmxFile file, SolverClass solverClass)
     if (IsRead(*section, solverClass)) readings_.push_back(ReadLines(lines_, *section));
   }
   if (const SectionReading* tasks = Reading(kTaskManagerSection)) {
-    const std::string mode = tasks->ValueOf("IDTaskMode");
+    const std::string_view mode = tasks->ValueOf("IDTaskMode");
     isDistributed_ = mode != "0";
     localIsMeant_ = MeansLocal(mode);
   }
@@ -51,14 +54,14 @@ bool CmxFacts::Matters(const CmxSection& section) const {
 }
 
 std::string_view TrimmedOfInvisible(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kInvisible);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kInvisible) - first + 1);
+  while (!text.empty() && IsInvisible(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsInvisible(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 std::string NameOfInvisible(std::string_view text) {
   std::string invisible(text);
-  std::erase_if(invisible, [](char c) { return kInvisible.find(c) == std::string_view::npos; });
+  std::erase_if(invisible, [](char c) { return !IsInvisible(c); });
   if (invisible.find_first_not_of(' ') == std::string::npos) return "blank";
   return invisible.find_first_not_of(" \t") == std::string::npos ? "tab" : "invisible character";
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "runcheck/cmx_rules.h"
@@ -14,10 +15,6 @@ constexpr std::size_t kLongestShownKey = 64;
 bool IsComment(std::string_view text) {
   text = TrimmedOfInvisible(text);
   return text.empty() || std::string_view(";#/!'*-").find(text.front()) != std::string_view::npos;
-}
-
-bool IsSameInAnyCase(std::string_view left, std::string_view right) {
-  return left.size() == right.size() && AsciiLower(left) == AsciiLower(right);
 }
 
 const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
@@ -52,7 +49,7 @@ class KeyRules {
       // What comes after the next tag of a section that is never closed belongs elsewhere.
       if (reading_.isOpen && IsOtherTag(setting.line->text)) break;
       if (setting.role != LineRole::Setting || setting.key.empty()) continue;
-      if (FindKey(*reading_.section, setting.key) != nullptr) continue;
+      if (setting.known != nullptr) continue;
       if (IsTagLike(facts_, *setting.line) || IsComment(setting.line->text)) continue;
       CheckUnknown(setting);
     }
@@ -67,7 +64,7 @@ class KeyRules {
   /// True when the run turns out differently because `key` is not set, `value` being what was
   /// meant.
   [[nodiscard]] bool Changes(const CmxKey& key, std::string_view value) const {
-    if (reading_.Find(key.name) != nullptr) return false;
+    if (reading_.Find(key) != nullptr) return false;
     switch (key.use) {
       case KeyUse::Mode:
         return Cleaned(value) != "1";
@@ -93,13 +90,14 @@ class KeyRules {
       diagnostic.Because("the launcher would ignore the line and run distributed");
     }
     explained_.insert(meant.name);
-    found_.push_back(diagnostic.At(KeyRange(facts_.File(), setting), setting.line->whole));
+    found_.push_back(
+        std::move(diagnostic).At(KeyRange(facts_.File(), setting), setting.line->whole));
   }
 
   void CheckUnknown(const SettingLine& setting) {
+    if (CheckSeparator(setting)) return;
     const std::string section(Section().name);
     const std::string written(Trimmed(setting.rawKey));
-    if (CheckSeparator(setting)) return;
     const auto written_as = [&](const CmxKey& key) {
       return "a key of this section is written " + std::string(key.name);
     };
@@ -137,15 +135,14 @@ class KeyRules {
   /// A line of a block that is over or was never opened: the block's own rules speak of it.
   [[nodiscard]] bool IsStrayEntry(const SettingLine& setting) const {
     return &Section() == &kRemoteMachinesSection &&
-           (IsPlainNumber(setting.key) || setting.value.find('\t') != std::string::npos);
+           (IsPlainNumber(setting.key) || setting.value.find('\t') != std::string_view::npos);
   }
 
   /// "IDTaskMode: 0", "IDTaskMode 0", "IDTaskMode := 0"
   bool CheckSeparator(const SettingLine& setting) {
     const std::string_view text = TrimmedOfInvisible(setting.line->text);
-    const std::string lower = AsciiLower(text);
     for (const CmxKey& key : Section().keys) {
-      if (!lower.starts_with(AsciiLower(key.name))) continue;
+      if (!StartsInAnyCase(text, key.name)) continue;
       const std::string_view rest = text.substr(key.name.size());
       const std::size_t valueAt = rest.find_first_not_of(" \t:=->,;");
       const std::string_view separator = rest.substr(0, valueAt);
@@ -167,13 +164,14 @@ class KeyRules {
 
   /// Keys of this section outside every section that is read, when the section does not hold them.
   void CheckOutside() {
+    if (reading_.openings.empty()) return;
     for (const CmxLine& line : facts_.Lines()) {
       const std::size_t equals = line.text.find('=');
       if (equals > kLongestShownKey) continue;  // none, too
       const std::string_view name = Trimmed(line.text.substr(0, equals));
       const CmxKey* key = FindKey(Section(), name);
-      if (key == nullptr || key->use == KeyUse::Shown || reading_.Find(name) != nullptr) continue;
-      if (reading_.openings.empty() || explained_.contains(name)) continue;
+      if (key == nullptr || key->use == KeyUse::Shown || reading_.Find(*key) != nullptr) continue;
+      if (explained_.contains(name)) continue;
       const bool isInside = std::ranges::any_of(facts_.Readings(), [&](const auto& reading) {
         return facts_.Matters(*reading.section) &&
                std::ranges::any_of(reading.settings, [&](const SettingLine& setting) {
@@ -194,18 +192,19 @@ class KeyRules {
 
   void CheckTwice() {
     for (const CmxKey& key : Section().keys) {
-      const SettingLine* last = reading_.Find(key.name);
+      const SettingLine* last = reading_.Find(key);
       if (key.use == KeyUse::Shown || last == nullptr) continue;
       if (key.use == KeyUse::MachineBlock || key.use == KeyUse::WeightingBlock) continue;
       for (const SettingLine& setting : reading_.settings) {
-        if (setting.role != LineRole::Setting || setting.key != key.name) continue;
+        if (setting.role != LineRole::Setting || setting.known != &key) continue;
         if (setting.value == last->value) continue;
         const bool grave = (key.use == KeyUse::Mode && setting.value == "0") ||
                            (key.use != KeyUse::Mode && Changes(key, setting.value));
         found_.push_back(Diagnostic("cmx-key-twice", std::string(key.name) + " is set to " +
-                                                         setting.value + " in line " +
+                                                         std::string(setting.value) + " in line " +
                                                          std::to_string(setting.line->number) +
-                                                         " and to " + last->value + " here")
+                                                         " and to " + std::string(last->value) +
+                                                         " here")
                              .Grave(grave)
                              .At(LineRange(facts_.File(), *last->line), last->line->whole));
         break;
@@ -253,19 +252,23 @@ class KeyRules {
 
 const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name) {
   std::vector<std::string_view> names;
+  names.reserve(section.keys.size());
   for (const CmxKey& key : section.keys) names.push_back(key.name);
   if (const CmxKey* key = FindKey(section, MostSimilar(name, names))) return key;
-  const auto isMeant = [&](const CmxKey& key) { return IsShortened(name, key.name); };
-  if (std::ranges::count_if(section.keys, isMeant) != 1) return nullptr;
-  const CmxKey& only = *std::ranges::find_if(section.keys, isMeant);
-  return name.size() * 2 >= only.name.size() ? &only : nullptr;
+  const CmxKey* only = nullptr;
+  for (const CmxKey& key : section.keys) {
+    if (!IsShortened(name, key.name)) continue;
+    if (only != nullptr) return nullptr;
+    only = &key;
+  }
+  return only != nullptr && name.size() * 2 >= only->name.size() ? only : nullptr;
 }
 
 bool IsKeyTold(const Diagnostics& found, std::string_view key) {
   return std::ranges::any_of(found, [&](const Diagnostic& diagnostic) {
     return diagnostic.code.starts_with("cmx-") &&
            (diagnostic.summary.starts_with(key) ||
-            diagnostic.suggestion.value_or("").starts_with(key));
+            (diagnostic.suggestion && diagnostic.suggestion->starts_with(key)));
   });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -31,6 +32,9 @@ struct CmxKey {
   KeyUse use;
   std::size_t width;  ///< with the terminating zero; 0 for a value that cannot be too long
 };
+
+/// The most keys of a section.
+constexpr std::size_t kMostKeys = 10;
 
 struct CmxSection {
   std::string_view name;
@@ -71,6 +75,8 @@ inline constexpr CmxKey kMultiShotKeys[] = {
 
 inline constexpr CmxKey kSolidCoolKeys[] = {{"Flag3DSolidCoolingChannel", KeyUse::Flag, 0}};
 
+static_assert(std::size(kRemoteMachineKeys) == kMostKeys);
+
 inline constexpr CmxSection kTaskManagerSection = {"TASKMANAGER", kTaskManagerKeys};
 inline constexpr CmxSection kRemoteMachinesSection = {"REMOTE_MACHINES", kRemoteMachineKeys};
 inline constexpr CmxSection kMultiShotSection = {"SOLID_MCM", kMultiShotKeys};
@@ -86,6 +92,11 @@ constexpr const CmxKey* FindKey(const CmxSection& section, std::string_view name
     if (key.name == name) return &key;
   }
   return nullptr;
+}
+
+/// Of a key of the section.
+constexpr std::size_t IndexOf(const CmxSection& section, const CmxKey& key) {
+  return static_cast<std::size_t>(&key - section.keys.data());
 }
 
 }  // namespace qvx::runcheck

@@ -32,12 +32,10 @@ SettingLine Split(const CmxLine& line) {
   setting.hasEquals = equals != std::string_view::npos;
   const std::size_t keyLength = std::min(equals, text.size());
   setting.rawKey = text.substr(0, keyLength);
-  setting.key = setting.rawKey;
-  std::erase(setting.key, ' ');
-  const std::string_view key = Trimmed(setting.rawKey);
+  setting.key = Trimmed(setting.rawKey);
   const std::size_t leading = std::min(setting.rawKey.find_first_not_of(' '), keyLength);
   setting.keyColumn = line.column + leading;
-  setting.keyEnd = setting.keyColumn + key.size();
+  setting.keyEnd = setting.keyColumn + setting.key.size();
   setting.valueEnd = line.column + text.size();
   setting.valueColumn = setting.valueEnd;
   setting.value = "NULL";
@@ -63,8 +61,9 @@ class Blocks {
       if (static_cast<std::int64_t>(block->lines) == count_) block->isOpen = false;
       return;
     }
+    if (setting.known == nullptr) return;
     if (setting.key == "ValueNoMachine") {
-      count_ = ParseInteger(setting.value.c_str());
+      count_ = IntegerOf(setting.value);
       listed_ = std::max<std::int64_t>(count_, 0);
     }
     if (setting.key == "ValueMachineSetting") machines_.isOpen = true;
@@ -105,35 +104,55 @@ CmxLines LinesOf(std::string_view bytes) {
 std::string OpeningTag(const CmxSection& section) { return "<" + std::string(section.name) + ">"; }
 std::string ClosingTag(const CmxSection& section) { return "</" + std::string(section.name) + ">"; }
 
+bool IsOpeningTag(const CmxSection& section, std::string_view text) {
+  return text.size() == section.name.size() + 2 && text.starts_with('<') && text.ends_with('>') &&
+         text.substr(1).starts_with(section.name);
+}
+
+bool IsClosingTag(const CmxSection& section, std::string_view text) {
+  return text.size() == section.name.size() + 3 && text.starts_with("</") && text.ends_with('>') &&
+         text.substr(2).starts_with(section.name);
+}
+
 SectionReading ReadLines(const CmxLines& lines, const CmxSection& section) {
-  SectionReading reading = {&section, {}, false, {}};
+  SectionReading reading = {};
+  reading.section = &section;
   Blocks blocks;
-  const std::string opening = OpeningTag(section);
-  const std::string closing = ClosingTag(section);
   const auto read = [&](const CmxLine& line) {
-    if (line.text == opening) {
+    if (IsOpeningTag(section, line.text)) {
       reading.isOpen = true;
       reading.openings.push_back(&line);
     }
     if (!reading.isOpen) return;
-    reading.settings.push_back(Split(line));
-    if (&section == &kRemoteMachinesSection) blocks.Place(reading.settings.back());
-    if (line.text == closing) reading.isOpen = false;
+    SettingLine& setting = reading.settings.emplace_back(Split(line));
+    if (setting.key.find(' ') != std::string_view::npos) {
+      std::string& key = reading.joinedKeys.emplace_front(setting.key);
+      std::erase(key, ' ');
+      setting.key = key;
+    }
+    setting.known = FindKey(section, setting.key);
+    if (&section == &kRemoteMachinesSection) blocks.Place(setting);
+    if (IsClosingTag(section, line.text)) reading.isOpen = false;
   };
   for (const CmxLine& line : lines.lines) read(line);
   if (lines.repeatsLast && reading.isOpen) read(lines.lines.back());
+  for (const SettingLine& setting : reading.settings) {
+    if (setting.known == nullptr || setting.role != LineRole::Setting) continue;
+    reading.last[IndexOf(section, *setting.known)] = &setting;
+  }
   return reading;
 }
 
-const SettingLine* SectionReading::Find(std::string_view key) const {
-  const auto last =
-      std::find_if(settings.rbegin(), settings.rend(), [&](const SettingLine& setting) {
-        return setting.role == LineRole::Setting && setting.key == key;
-      });
-  return last == settings.rend() ? nullptr : &*last;
+const SettingLine* SectionReading::Find(const CmxKey& key) const {
+  return last[IndexOf(*section, key)];
 }
 
-std::string SectionReading::ValueOf(std::string_view key) const {
+const SettingLine* SectionReading::Find(std::string_view key) const {
+  const CmxKey* known = FindKey(*section, key);
+  return known == nullptr ? nullptr : Find(*known);
+}
+
+std::string_view SectionReading::ValueOf(std::string_view key) const {
   const SettingLine* setting = Find(key);
   return setting == nullptr ? "" : setting->value;
 }
@@ -143,8 +162,8 @@ const SettingLine* SectionReading::MostTasks() const {
   std::int32_t tasks = 0;
   for (const SettingLine& setting : settings) {
     const std::size_t tab = setting.value.find('\t');
-    if (setting.role != LineRole::Machine || tab == std::string::npos) continue;
-    const std::int32_t count = ParseInteger(setting.value.c_str() + tab + 1);
+    if (setting.role != LineRole::Machine || tab == std::string_view::npos) continue;
+    const std::int32_t count = IntegerOf(setting.value.substr(tab + 1));
     if (count <= tasks) continue;
     most = &setting;
     tasks = count;
@@ -157,6 +176,8 @@ std::string_view Trimmed(std::string_view text) {
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
+
+std::int32_t IntegerOf(std::string_view value) { return ParseInteger(std::string(value).c_str()); }
 
 Range RangeIn(const CmxFile& file, const CmxLine& line, std::size_t start, std::size_t end) {
   return {file.filename, {line.number, start}, {line.number, end}};

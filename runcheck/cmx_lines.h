@@ -2,7 +2,10 @@
 // what the rules look at. Views into the file's bytes, which have to outlive them.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <forward_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,12 +35,13 @@ enum class LineRole { Setting, Machine, Weighting };
 /// A line inside a section, split like the readers split it.
 struct SettingLine {
   const CmxLine* line;
+  const CmxKey* known;  ///< of the section's keys; null for any other text
   LineRole role;
-  std::size_t entry;   ///< of a machine or weighting line, from 0
-  bool isStored;       ///< false for an entry past the list
-  std::string key;     ///< without spaces
-  std::string rawKey;  ///< with them
-  std::string value;   ///< without leading spaces; "NULL" without "="
+  std::size_t entry;        ///< of a machine or weighting line, from 0
+  bool isStored;            ///< false for an entry past the list
+  std::string_view key;     ///< without spaces
+  std::string_view rawKey;  ///< with them
+  std::string_view value;   ///< without leading spaces; "NULL" without "="
   std::size_t rawValueLength;
   bool hasEquals;
   std::size_t keyColumn;
@@ -52,11 +56,14 @@ struct SectionReading {
   std::vector<const CmxLine*> openings;
   bool isOpen = false;  ///< at the end of the file
   std::vector<SettingLine> settings;
+  std::forward_list<std::string> joinedKeys;            ///< those that spaces had cut
+  std::array<const SettingLine*, kMostKeys> last = {};  ///< the lines that count, by key
 
-  /// The last line that sets `key`; null when none does.
+  /// The last line that sets `key`, one of the section's; null when none does.
+  [[nodiscard]] const SettingLine* Find(const CmxKey& key) const;
   [[nodiscard]] const SettingLine* Find(std::string_view key) const;
   /// The value that the launcher then has; empty when no line sets it.
-  [[nodiscard]] std::string ValueOf(std::string_view key) const;
+  [[nodiscard]] std::string_view ValueOf(std::string_view key) const;
   /// The machine with the most tasks; null without machines.
   [[nodiscard]] const SettingLine* MostTasks() const;
 };
@@ -65,9 +72,14 @@ SectionReading ReadLines(const CmxLines& lines, const CmxSection& section);
 
 std::string OpeningTag(const CmxSection& section);
 std::string ClosingTag(const CmxSection& section);
+bool IsOpeningTag(const CmxSection& section, std::string_view text);
+bool IsClosingTag(const CmxSection& section, std::string_view text);
 
 /// `name` without spaces around it; nothing else counts as one.
 std::string_view Trimmed(std::string_view text);
+
+/// As the launcher reads the value of a setting.
+std::int32_t IntegerOf(std::string_view value);
 
 /// What the rules share about the file.
 struct CmxFile {

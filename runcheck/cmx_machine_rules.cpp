@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "runcheck/cmx_rules.h"
@@ -48,11 +49,12 @@ class MachineRules {
 
  private:
   static std::int32_t CountOf(const SectionReading& reading) {
-    return ParseInteger(reading.ValueOf("ValueNoMachine").c_str());
+    return IntegerOf(reading.ValueOf("ValueNoMachine"));
   }
 
   void Add(Diagnostic diagnostic, const SettingLine& setting) {
-    found_.push_back(diagnostic.At(ValueRange(facts_.File(), setting), setting.line->whole));
+    found_.push_back(
+        std::move(diagnostic).At(ValueRange(facts_.File(), setting), setting.line->whole));
   }
 
   [[nodiscard]] const SettingLine* Opener(LineRole role) const {
@@ -76,9 +78,10 @@ class MachineRules {
       return false;
     }
     if (count_ < 1) {
-      Add(Diagnostic("machine-count", "ValueNoMachine is " +
-                                          (count->value.empty() ? "empty" : count->value) +
-                                          ", no number above 0")
+      Add(Diagnostic("machine-count",
+                     "ValueNoMachine is " +
+                         std::string(count->value.empty() ? "empty" : count->value) +
+                         ", no number above 0")
               .Because("the run would be distributed over no machine"),
           *count);
       return false;
@@ -89,12 +92,15 @@ class MachineRules {
     for (const LineRole role : {LineRole::Machine, LineRole::Weighting}) {
       const SettingLine* opener = Opener(role);
       if (opener == nullptr || opener->line->number > count->line->number) continue;
-      Add(Diagnostic("machine-count-late", "ValueNoMachine stands after " + opener->key), *count);
+      Add(Diagnostic("machine-count-late",
+                     "ValueNoMachine stands after " + std::string(opener->key)),
+          *count);
       return false;
     }
     if (!IsPlainNumber(count->value)) {
       const std::string right = std::to_string(count_);
-      Add(Diagnostic("cmx-number", "ValueNoMachine is " + count->value + ", no plain number")
+      Add(Diagnostic("cmx-number",
+                     "ValueNoMachine is " + std::string(count->value) + ", no plain number")
               .Because("the launcher would read it as " + right)
               .Suggest(right, "the value is written " + right),
           *count);
@@ -116,8 +122,7 @@ class MachineRules {
   [[nodiscard]] bool LooksLikeEntry(const SettingLine& setting, LineRole role) const {
     const std::string_view text = TrimmedOfInvisible(setting.line->text);
     const bool isRemark = text.starts_with(';') || text.starts_with('#') || text.starts_with("//");
-    if (isRemark || FindKey(*reading_.section, setting.key) != nullptr ||
-        IsTagLike(facts_, *setting.line)) {
+    if (isRemark || setting.known != nullptr || IsTagLike(facts_, *setting.line)) {
       return false;
     }
     if (!setting.hasEquals) {
@@ -161,7 +166,7 @@ class MachineRules {
       return false;
     }
     if (entries.size() < static_cast<std::size_t>(count_)) {
-      Add(Diagnostic(code, "ValueNoMachine is " + count->value + " and the " + block +
+      Add(Diagnostic(code, "ValueNoMachine is " + std::string(count->value) + " and the " + block +
                                " block has " + Counted(entries.size(), "line")),
           *count);
       return false;
@@ -183,7 +188,7 @@ class MachineRules {
       if (next->role != LineRole::Setting || !LooksLikeEntry(*next, role)) break;
       if (next->line == entries.back()->line) break;  // the file's last line, handled twice
       if (!IsPlainNumber(next->key) && next->key != entries.back()->key &&
-          next->value.find('\t') == std::string::npos) {
+          next->value.find('\t') == std::string_view::npos) {
         break;
       }
       if (first == nullptr) first = next;
@@ -205,15 +210,14 @@ class MachineRules {
     std::map<std::string, std::size_t> seen;
     for (const SettingLine* entry : EntriesOf(LineRole::Machine)) {
       const std::size_t tab = entry->value.find('\t');
-      if (tab == std::string::npos) {
+      if (tab == std::string_view::npos) {
         AddSeparator(*entry);
         continue;
       }
-      const std::string host = entry->value.substr(0, tab);
-      std::string tasks = entry->value.substr(tab + 1);
-      tasks = tasks.substr(0, tasks.find('\t'));
+      const std::string host(entry->value.substr(0, tab));
+      const std::string_view tasks = entry->value.substr(tab + 1);
       CheckHost(*entry, host);
-      CheckTaskCount(*entry, host, tasks);
+      CheckTaskCount(*entry, host, tasks.substr(0, tasks.find('\t')));
       const auto [earlier, isNew] = seen.emplace(AsciiLower(host), entry->line->number);
       if (!isNew) {
         Add(Diagnostic("machine-twice",
@@ -224,14 +228,16 @@ class MachineRules {
   }
 
   void AddSeparator(const SettingLine& entry) {
-    Diagnostic diagnostic("machine-separator",
-                          entry.hasEquals ? "no tab stands between host and tasks in " + entry.value
-                                          : "no = stands before the machine");
+    Diagnostic diagnostic("machine-separator", entry.hasEquals
+                                                   ? "no tab stands between host and tasks in " +
+                                                         std::string(entry.value)
+                                                   : "no = stands before the machine");
     const std::size_t host = entry.value.find_first_of(" ,;:|");
-    if (entry.hasEquals && host != std::string::npos) {
+    if (entry.hasEquals && host != std::string_view::npos) {
       diagnostic.Help("one tab, no blank and no other character, stands between host and tasks");
     }
-    found_.push_back(diagnostic.At(LineRange(facts_.File(), *entry.line), entry.line->whole));
+    found_.push_back(
+        std::move(diagnostic).At(LineRange(facts_.File(), *entry.line), entry.line->whole));
   }
 
   void CheckHost(const SettingLine& entry, const std::string& host) {
@@ -245,10 +251,10 @@ class MachineRules {
             : (host.empty() ? std::string("the host name is empty") : host + " is no host name"));
     diagnostic.Grave(!isBlank);
     if (isBlank) diagnostic.Suggest(clean, "the name is written " + clean);
-    Add(diagnostic, entry);
+    Add(std::move(diagnostic), entry);
   }
 
-  void CheckTaskCount(const SettingLine& entry, const std::string& host, const std::string& tasks) {
+  void CheckTaskCount(const SettingLine& entry, const std::string& host, std::string_view tasks) {
     const std::string clean(TrimmedOfInvisible(tasks));
     if (IsPlainNumber(clean) && ParseInteger(clean.c_str()) > 0) return;
     Diagnostic diagnostic("machine-tasks",
@@ -258,7 +264,7 @@ class MachineRules {
     } else if (ParseInteger(clean.c_str()) > 0) {
       diagnostic.Because("the MPI process launcher would be given it as it stands");
     }
-    Add(diagnostic, entry);
+    Add(std::move(diagnostic), entry);
   }
 
   void CheckWeightings(bool areAll) {
@@ -267,7 +273,7 @@ class MachineRules {
     bool areNumbers = true;
     for (const SettingLine* entry : entries) {
       if (!LooksLikeEntry(*entry, LineRole::Weighting)) return;
-      std::string value = entry->value.substr(0, entry->value.find(' '));
+      std::string value(entry->value.substr(0, entry->value.find(' ')));
       // Tabs around a number do no harm.
       value.erase(0, std::min(value.find_first_not_of('\t'), value.size()));
       value.erase(value.find_last_not_of('\t') + 1);
@@ -300,7 +306,7 @@ class MachineRules {
     if (point != value && ParseDecimal(point.c_str()) > 0) {
       diagnostic.Suggest(point, "the decimal point is written " + point);
     }
-    Add(diagnostic, entry);
+    Add(std::move(diagnostic), entry);
     return false;
   }
 

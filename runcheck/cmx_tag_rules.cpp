@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "runcheck/cmx_rules.h"
 #include "runcheck/similar_name.h"
@@ -19,7 +20,7 @@ struct NearTag {
 };
 
 bool IsExactTag(const CmxSection& section, std::string_view text) {
-  return text.starts_with('<') && (text == OpeningTag(section) || text == ClosingTag(section));
+  return IsOpeningTag(section, text) || IsClosingTag(section, text);
 }
 
 /// A tag with more in it or behind it: `<TASKMANAGER version="1">`, "<TASKMANAGER>Version = 1.0".
@@ -30,9 +31,9 @@ std::optional<NearTag> CrowdedTagOf(const CmxFacts& facts, std::string_view writ
   const std::size_t end = std::min(written.find_first_of(" \t/>", start), written.size());
   const bool isAlone = written.find_first_not_of(" \t/\\>", end) == std::string_view::npos;
   if (isAlone) return std::nullopt;
-  const std::string name = AsciiLower(written.substr(start, end - start));
+  const std::string_view name = written.substr(start, end - start);
   for (const SectionReading& reading : facts.Readings()) {
-    if (name != AsciiLower(reading.section->name)) continue;
+    if (!IsSameInAnyCase(name, reading.section->name)) continue;
     return NearTag{&reading,
                    written.substr(0, start).find_first_of("/\\") != std::string_view::npos, false,
                    written.substr(0, kLongestTag)};
@@ -54,11 +55,12 @@ std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
   const bool closes = name.find_first_of("/\\") != std::string::npos;
   const bool isMarked = name.find_first_of("<>[]") != std::string::npos;
   std::erase_if(name, [](char c) {
-    return std::string_view("<>[]/\\ \t:;.").find(c) != std::string_view::npos;
+    constexpr std::string_view kMarks = "<>[]/\\ \t:;.";
+    return std::ranges::find(kMarks, c) != kMarks.end();
   });
   for (const SectionReading& reading : facts.Readings()) {
     const std::string_view right = reading.section->name;
-    const bool isSame = AsciiLower(name) == AsciiLower(right);
+    const bool isSame = IsSameInAnyCase(name, right);
     if (isSame || (isMarked && IsSimilar(name, right))) {
       return NearTag{&reading, closes, !isSame, written};
     }
@@ -93,7 +95,7 @@ Diagnostic NearTagDiagnostic(const CmxFacts& facts, const NearTag& tag, const Cm
                                    ? "the launcher would see no such section and run distributed"
                                    : "the launcher would see no such section");
   }
-  return diagnostic.At(LineRange(facts.File(), line), line.whole);
+  return std::move(diagnostic).At(LineRange(facts.File(), line), line.whole);
 }
 
 void CheckReading(const CmxFacts& facts, const SectionReading& reading, bool closingIsNear,
@@ -104,7 +106,7 @@ void CheckReading(const CmxFacts& facts, const SectionReading& reading, bool clo
     Diagnostic diagnostic("cmx-section-twice", name + " is opened twice");
     const std::string closing = ClosingTag(*reading.section);
     if (reading.isOpen) diagnostic.Suggest(closing, "the closing tag is written " + closing);
-    found.push_back(diagnostic.At(LineRange(facts.File(), second), second.whole));
+    found.push_back(std::move(diagnostic).At(LineRange(facts.File(), second), second.whole));
   } else if (reading.isOpen && !closingIsNear) {
     const CmxLine& opening = *reading.openings.back();
     const std::string closing = ClosingTag(*reading.section);
@@ -120,9 +122,10 @@ void CheckMissing(const CmxFacts& facts, const SectionReading& reading, Diagnost
   Diagnostic diagnostic("cmx-section-missing",
                         facts.File().filename + " holds no " + OpeningTag(section));
   if (&section == &kTaskManagerSection) {
-    found.push_back(diagnostic.Grave().Because("the run would be distributed"));
+    found.push_back(std::move(diagnostic).Grave().Because("the run would be distributed"));
   } else if (&section == &kRemoteMachinesSection && facts.IsMeantDistributed()) {
-    found.push_back(diagnostic.Grave().Because("the run would be distributed over no machine"));
+    found.push_back(
+        std::move(diagnostic).Grave().Because("the run would be distributed over no machine"));
   }
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "runcheck/cmx_rules.h"
 #include "runcheck/similar_name.h"
@@ -86,11 +87,12 @@ class ValueRules {
       diagnostic.Because("the value is not 0 and the run would be distributed");
     }
     found_.push_back(
-        diagnostic.At(RangeIn(facts_.File(), *setting_.line, start, end), setting_.line->whole));
+        std::move(diagnostic)
+            .At(RangeIn(facts_.File(), *setting_.line, start, end), setting_.line->whole));
   }
 
-  void Add(const Diagnostic& diagnostic) {
-    Add(diagnostic, setting_.valueColumn, setting_.valueEnd);
+  void Add(Diagnostic diagnostic) {
+    Add(std::move(diagnostic), setting_.valueColumn, setting_.valueEnd);
   }
 
   void AddNumber(const std::string& what) {
@@ -106,7 +108,7 @@ class ValueRules {
     if (key_.use == KeyUse::LocalTasks) {
       diagnostic.Because("the launcher would not read 1 and run shared-memory parallel");
     }
-    Add(diagnostic);
+    Add(std::move(diagnostic));
   }
 
   void CheckTasks() {
@@ -184,7 +186,7 @@ class ValueRules {
     Diagnostic diagnostic("cmx-mode", Name() + " is " + Shown() + ", neither 0 nor 1");
     if (MeansLocal(value_)) diagnostic.Suggest("0", "a run on this machine is written 0");
     if (!isWord && !isNumber) diagnostic.Grave();
-    Add(diagnostic);
+    Add(std::move(diagnostic));
   }
 
   const CmxFacts& facts_;
@@ -222,10 +224,10 @@ void CheckTasks(const CmxFacts& facts, Diagnostics& found) {
     const CmxLine& opening = *tasks->openings.back();
     found.push_back(Diagnostic("task-count", "TASKMANAGER holds no ValueNoTask")
                         .At(LineRange(facts.File(), opening), opening.whole));
-  } else if (count != nullptr && ParseInteger(count->value.c_str()) > 1) {
-    found.push_back(
-        Diagnostic("tasks-differ", "ValueNoTask is " + count->value + " and ValueLocalNoTask is 1")
-            .At(ValueRange(facts.File(), *count), count->line->whole));
+  } else if (count != nullptr && IntegerOf(count->value) > 1) {
+    found.push_back(Diagnostic("tasks-differ", "ValueNoTask is " + std::string(count->value) +
+                                                   " and ValueLocalNoTask is 1")
+                        .At(ValueRange(facts.File(), *count), count->line->whole));
   }
 }
 
@@ -235,7 +237,7 @@ void CheckValues(const CmxFacts& facts, Diagnostics& found) {
   for (const SectionReading& reading : facts.Readings()) {
     if (!facts.Matters(*reading.section)) continue;
     for (const CmxKey& key : reading.section->keys) {
-      const SettingLine* setting = reading.Find(key.name);
+      const SettingLine* setting = reading.Find(key);
       if (setting == nullptr || !IsUsed(facts, reading, key)) continue;
       ValueRules(facts, key, *setting, found).Check();
     }

@@ -13,11 +13,9 @@ class Widths {
  public:
   Widths(const CmxFacts& facts, Diagnostics& found) : facts_(facts), found_(found) {}
 
-  void Check(const SectionReading& reading, const SettingLine& setting) {
-    if (TooLong("CMX key", kCmxTextWidth, setting.rawKey.size(), KeyRange(facts_.File(), setting),
-                setting) ||
-        TooLong("CMX value", kCmxTextWidth, setting.rawValueLength,
-                ValueRange(facts_.File(), setting), setting)) {
+  void Check(const SettingLine& setting) {
+    if (TooLong("CMX key", kCmxTextWidth, setting.rawKey.size(), setting, KeyRange) ||
+        TooLong("CMX value", kCmxTextWidth, setting.rawValueLength, setting)) {
       return;
     }
     switch (setting.role) {
@@ -27,17 +25,13 @@ class Widths {
       case LineRole::Weighting:
         if (setting.isStored) {
           const std::size_t length = std::min(setting.value.find(' '), setting.value.size());
-          TooLong("machine weighting", sizeof MachineEntry::weighting, length,
-                  ValueRange(facts_.File(), setting), setting);
+          TooLong("machine weighting", sizeof MachineEntry::weighting, length, setting);
         }
         break;
       case LineRole::Setting:
-        const CmxKey* key = FindKey(*reading.section, setting.key);
+        const CmxKey* key = setting.known;
         if (key == nullptr || key->width == 0) break;
-        if (TooLong(std::string(key->name), key->width, setting.value.size(),
-                    ValueRange(facts_.File(), setting), setting)) {
-          break;
-        }
+        TooLong(key->name, key->width, setting.value.size(), setting);
         break;
     }
   }
@@ -45,24 +39,22 @@ class Widths {
  private:
   void CheckMachine(const SettingLine& setting) {
     const std::size_t tab = std::min(setting.value.find('\t'), setting.value.size());
-    if (TooLong("machine host name", sizeof MachineEntry::hostName, tab,
-                ValueRange(facts_.File(), setting), setting)) {
-      return;
-    }
+    if (TooLong("machine host name", sizeof MachineEntry::hostName, tab, setting)) return;
     if (tab == setting.value.size()) return;
-    const std::string rest = setting.value.substr(tab + 1);
+    const std::string_view rest = setting.value.substr(tab + 1);
     TooLong("machine task count", sizeof MachineEntry::taskCount,
-            std::min(rest.find('\t'), rest.size()), ValueRange(facts_.File(), setting), setting);
+            std::min(rest.find('\t'), rest.size()), setting);
   }
 
-  bool TooLong(const std::string& field, std::size_t width, std::size_t length, Range range,
-               const SettingLine& setting) {
+  bool TooLong(std::string_view field, std::size_t width, std::size_t length,
+               const SettingLine& setting, decltype(ValueRange)* place = ValueRange) {
     if (length < width) return false;
-    const std::string words = field + " is too long: width " + std::to_string(width) + ", length " +
-                              std::to_string(length);
+    const std::string words = std::string(field) + " is too long: width " + std::to_string(width) +
+                              ", length " + std::to_string(length);
     // A line may be handled twice, by two readers or as the file's last.
     if (!told_.emplace(setting.line, words).second) return true;
-    found_.push_back(Diagnostic("text-too-long", words).At(std::move(range), setting.line->whole));
+    found_.push_back(
+        Diagnostic("text-too-long", words).At(place(facts_.File(), setting), setting.line->whole));
     return true;
   }
 
@@ -76,7 +68,7 @@ class Widths {
 void CheckWidths(const CmxFacts& facts, Diagnostics& found) {
   Widths widths(facts, found);
   for (const SectionReading& reading : facts.Readings()) {
-    for (const SettingLine& setting : reading.settings) widths.Check(reading, setting);
+    for (const SettingLine& setting : reading.settings) widths.Check(setting);
   }
 }
 

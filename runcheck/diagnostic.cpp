@@ -8,40 +8,39 @@ namespace qvx::runcheck {
 
 Diagnostic::Diagnostic(Code code, std::string text)
     : severity(code.Row().usual),
+      gravest(code.Row().gravest),
       code(code.Row().code),
       summary(std::move(text)),
       consequence(code.Row().consequence),
       help(code.Row().remedy) {}
 
-Diagnostic& Diagnostic::Grave(bool grave) {
-  for (const CodeRow& row : kCodes) {
-    if (grave && row.code == code) severity = row.gravest;
-  }
+Diagnostic& Diagnostic::Grave(bool grave) & {
+  if (grave) severity = gravest;
   return *this;
 }
 
-Diagnostic& Diagnostic::As(Severity other) {
+Diagnostic& Diagnostic::As(Severity other) & {
   severity = other;
   return *this;
 }
 
-Diagnostic& Diagnostic::Because(std::string otherConsequence) {
+Diagnostic& Diagnostic::Because(std::string otherConsequence) & {
   consequence = std::move(otherConsequence);
   return *this;
 }
 
-Diagnostic& Diagnostic::Help(std::string otherHelp) {
+Diagnostic& Diagnostic::Help(std::string otherHelp) & {
   help = std::move(otherHelp);
   return *this;
 }
 
-Diagnostic& Diagnostic::Suggest(const std::string& name, std::string otherHelp) {
-  suggestion = name;
+Diagnostic& Diagnostic::Suggest(std::string name, std::string otherHelp) & {
+  suggestion = std::move(name);
   help = std::move(otherHelp);
   return *this;
 }
 
-Diagnostic& Diagnostic::At(Range place, std::string_view line) {
+Diagnostic& Diagnostic::At(Range place, std::string_view line) & {
   range = std::move(place);
   snippet = line;
   return *this;
@@ -62,7 +61,9 @@ void SortByPlace(Diagnostics& diagnostics) {
     if (!diagnostic.range) return std::pair(kBehind, kBehind);
     return std::pair(diagnostic.range->start.line, diagnostic.range->start.column);
   };
-  std::ranges::stable_sort(diagnostics, {}, place);
+  if (!std::ranges::is_sorted(diagnostics, {}, place)) {
+    std::ranges::stable_sort(diagnostics, {}, place);
+  }
 }
 
 }  // namespace qvx::runcheck

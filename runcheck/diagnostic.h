@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "runcheck/diagnostic_codes.h"
@@ -28,6 +29,7 @@ struct Range {
 /// Texts are sentences: lower case at their start, no full stop. In the ANSI code page.
 struct Diagnostic {
   Severity severity;
+  Severity gravest;  ///< the code's
   std::string_view code;
   std::string summary;
   std::string consequence;
@@ -39,12 +41,24 @@ struct Diagnostic {
   Diagnostic(Code code, std::string text);
 
   /// Each changes what the code's row gives, and returns the diagnostic.
-  Diagnostic& Grave(bool grave = true);  ///< takes the row's gravest severity
-  Diagnostic& As(Severity other);
-  Diagnostic& Because(std::string otherConsequence);
-  Diagnostic& Help(std::string otherHelp);
-  Diagnostic& Suggest(const std::string& name, std::string otherHelp);
-  Diagnostic& At(Range place, std::string_view line);
+  Diagnostic& Grave(bool grave = true) &;  ///< takes the row's gravest severity
+  Diagnostic& As(Severity other) &;
+  Diagnostic& Because(std::string otherConsequence) &;
+  Diagnostic& Help(std::string otherHelp) &;
+  Diagnostic& Suggest(std::string name, std::string otherHelp) &;
+  Diagnostic& At(Range place, std::string_view line) &;
+
+  /// The same for one that goes on at once, without a copy.
+  Diagnostic&& Grave(bool grave = true) && { return std::move(Grave(grave)); }
+  Diagnostic&& As(Severity other) && { return std::move(As(other)); }
+  Diagnostic&& Because(std::string text) && { return std::move(Because(std::move(text))); }
+  Diagnostic&& Help(std::string text) && { return std::move(Help(std::move(text))); }
+  Diagnostic&& Suggest(std::string name, std::string text) && {
+    return std::move(Suggest(std::move(name), std::move(text)));
+  }
+  Diagnostic&& At(Range place, std::string_view line) && {
+    return std::move(At(std::move(place), line));
+  }
 };
 
 using Diagnostics = std::vector<Diagnostic>;

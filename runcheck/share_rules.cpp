@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "launcher/lower_case_name.h"
 #include "runcheck/call_facts.h"
@@ -93,7 +94,7 @@ class ShareRules {
         const std::string name = WithoutSlashes(share.substr(host));
         diagnostic.Suggest(name, "the share is written " + name);
       }
-      Add(diagnostic, kKey);
+      Add(std::move(diagnostic), kKey);
     } else if (first != 0 || share.find_last_not_of("\\/") != share.size() - 1) {
       const std::string name = WithoutSlashes(share);
       const bool isSlash = share.front() == '/' || share.back() == '/';
@@ -118,7 +119,7 @@ class ShareRules {
     if (!suggestion.empty()) {
       diagnostic.Suggest(suggestion, "the working folder is written " + suggestion);
     }
-    Add(diagnostic, "ValueParallelWorkingFolder");
+    Add(std::move(diagnostic), "ValueParallelWorkingFolder");
   }
 
   void CheckWorkingFolder() {
@@ -162,7 +163,7 @@ class ShareRules {
       Diagnostic diagnostic("working-folder", folder + " is not in the project directory " +
                                                   projectDirectory_ + ", which holds slashes");
       diagnostic.Grave().Suggest(right, "the project directory is written " + right);
-      Add(diagnostic, "ValueParallelWorkingFolder");
+      Add(std::move(diagnostic), "ValueParallelWorkingFolder");
       return;
     }
     const std::string slashes = WithBackslashes(AsciiLower(folder));
@@ -218,7 +219,7 @@ void CheckCommandLines(const Prediction& prediction, Diagnostics& found) {
       diagnostic.Because(
           "the launcher would start it, fail to log it and end with -2; 32751 are the most");
     }
-    found.push_back(diagnostic);
+    found.push_back(std::move(diagnostic));
   }
 }
 

@@ -8,7 +8,14 @@
 namespace qvx::runcheck {
 
 /// A to Z only: bytes beyond belong to a code page that this does not know.
+constexpr char AsciiLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 std::string AsciiLower(std::string_view text);
+
+/// True when the letter case of A to Z alone may differ.
+bool IsSameInAnyCase(std::string_view left, std::string_view right);
+bool StartsInAnyCase(std::string_view text, std::string_view start);
 
 /// Letters to insert, remove, replace or swap with their neighbour; above `most`, any number above
 /// it.

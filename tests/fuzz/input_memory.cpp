@@ -25,6 +25,7 @@ alignas(Head) unsigned char memory[kSize];
 std::size_t used;
 std::size_t blocks;
 bool isOpen;
+std::size_t mostOfBlock = SIZE_MAX;
 
 constexpr std::size_t Rounded(std::size_t size) {
   return (size + sizeof(Head) - 1) / sizeof(Head) * sizeof(Head);
@@ -44,7 +45,7 @@ __attribute__((no_sanitize("address"))) Head HeadOf(unsigned char* block) {
 }
 
 void* Take(std::size_t size, Form form) {
-  if (isOpen && size < kSize - sizeof(Head) - used) {
+  if (isOpen && size <= mostOfBlock && size < kSize - sizeof(Head) - used) {
     unsigned char* const block = memory + used + sizeof(Head);
     const std::size_t next = used + sizeof(Head) + Rounded(size);
     if (next + sizeof(Head) <= kSize) {
@@ -55,7 +56,13 @@ void* Take(std::size_t size, Form form) {
       return block;
     }
   }
-  return std::malloc(size);
+  return size > mostOfBlock ? nullptr : std::malloc(size);
+}
+
+void* TakeOrThrow(std::size_t size, Form form) {
+  void* const block = Take(size, form);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
 }
 
 void GiveBack(void* pointer, Form form) {
@@ -82,14 +89,18 @@ InputMemory::~InputMemory() {
   if (blocks != 0) End("not given back");
 }
 
+BlockLimit::BlockLimit(std::size_t most) { mostOfBlock = most; }
+BlockLimit::~BlockLimit() { mostOfBlock = SIZE_MAX; }
+
 }  // namespace qvx::fuzz
 
 using qvx::fuzz::Form;
 using qvx::fuzz::GiveBack;
 using qvx::fuzz::Take;
+using qvx::fuzz::TakeOrThrow;
 
-void* operator new(std::size_t size) { return Take(size, Form::One); }
-void* operator new[](std::size_t size) { return Take(size, Form::Many); }
+void* operator new(std::size_t size) { return TakeOrThrow(size, Form::One); }
+void* operator new[](std::size_t size) { return TakeOrThrow(size, Form::Many); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   return Take(size, Form::One);
 }

@@ -4,7 +4,19 @@
 // form, or not at all.
 #pragma once
 
+#include <cstddef>
+
 namespace qvx::fuzz {
+
+/// While it lives, no block of more than `most` bytes is had: a file may ask for any count, and the
+/// fuzzer would only measure the machine's memory.
+class BlockLimit {
+ public:
+  explicit BlockLimit(std::size_t most);
+  ~BlockLimit();
+  BlockLimit(const BlockLimit&) = delete;
+  BlockLimit& operator=(const BlockLimit&) = delete;
+};
 
 /// Blocks taken while it lives have to be given back while it lives; a block that is not ends the
 /// fuzzer. Nothing is used twice within one.

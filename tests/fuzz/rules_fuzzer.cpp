@@ -6,8 +6,8 @@
 #include "runcheck/report.h"
 #include "runcheck/share_rules.h"
 #include "tests/fuzz/fuzz_target.h"
+#include "tests/fuzz/input_memory.h"
 #include "tests/fuzz/memory_file.h"
-#include "tests/plain/plain_run.h"
 
 namespace qvx::fuzz {
 namespace {
@@ -27,6 +27,12 @@ void Write(const runcheck::Report& report, std::size_t way) {
   }
 }
 
+runcheck::Prediction PredictionOf(const std::vector<std::string>& arguments, std::string_view cmx) {
+  const MemoryFile file(cmx);
+  const BlockLimit limit(256 * 1024);
+  return runcheck::Predict(arguments);
+}
+
 }  // namespace
 
 void RunInput(std::string_view input) {
@@ -38,9 +44,8 @@ void RunInput(std::string_view input) {
   runcheck::Report report;
   report.diagnostics = runcheck::CheckCmxFile(facts);
   runcheck::CheckCall(call, report.diagnostics);
-  if (facts.IsMeantDistributed() && !plain::PlainRun(arguments, {.cmx = input}).end.isTooLarge) {
-    const MemoryFile file(input);
-    runcheck::Prediction prediction = runcheck::Predict(arguments);
+  if (facts.IsMeantDistributed()) {
+    runcheck::Prediction prediction = PredictionOf(arguments, input);
     runcheck::CheckShares(facts, prediction, report.diagnostics);
     runcheck::CheckCommandLines(prediction, report.diagnostics);
     report.passes = std::move(prediction.passes);
