@@ -1,14 +1,30 @@
 #include "runcheck/call_facts.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 #include "runcheck/similar_name.h"
+#include "support/numbers.h"
+#include "support/trailing_backslash.h"
 
 namespace qvx::runcheck {
 namespace {
 
 bool IsSlash(char c) { return c == '\\' || c == '/'; }
+
+/// The first of `characters` from `from` on; npos without one. A letter's second half may be the
+/// byte of a backslash and is none.
+std::size_t FindCharacter(std::string_view text, std::string_view characters, std::size_t from) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (IsLeadByte(text[at])) {
+      ++at;
+    } else if (at >= from && characters.find(text[at]) != std::string_view::npos) {
+      return at;
+    }
+  }
+  return std::string_view::npos;
+}
 
 std::vector<std::string> SplitAtStars(std::string_view list) {
   std::vector<std::string> tokens;
@@ -23,7 +39,8 @@ std::vector<std::string> SplitAtStars(std::string_view list) {
 }  // namespace
 
 std::string CallFacts::Token(TokenNumber number) const {
-  return number < tokens.size() ? tokens[number] : "";
+  const auto at = static_cast<std::size_t>(number);
+  return at < tokens.size() ? tokens[at] : "";
 }
 
 CallFacts FactsOf(std::vector<std::string> arguments) {
@@ -42,8 +59,20 @@ CallFacts FactsOf(std::vector<std::string> arguments) {
   return facts;
 }
 
+std::string CallFacts::FolderNumber() const {
+  const std::string run = Token(kRunNumber);
+  if (!isShell) return run;
+  char text[16];
+  std::snprintf(text, sizeof text, "%02d", ParseInteger(run.c_str()));
+  return text;
+}
+
 bool LooksLikePath(std::string_view text) {
-  return text.find_first_of("\\/:") != std::string_view::npos;
+  return FindCharacter(text, "\\/:", 0) != std::string_view::npos;
+}
+
+bool EndsInSlash(std::string_view path) {
+  return !path.empty() && FindCharacter(path, "\\/", path.size() - 1) != std::string_view::npos;
 }
 
 bool IsAbsolutePath(std::string_view path) {

@@ -264,7 +264,8 @@ TEST(CmxRules, ANearlyClosingTagIsAWarning) {
                   "ValueNoTask = 1\n"
                   "ValueLocalNoTask = 1\n"
                   "</TASKMANAGER\n"),
-            "Sample03.cmx:5:1: warning: </TASKMANAGER is not the tag </TASKMANAGER> [cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: </TASKMANAGER is not the tag </TASKMANAGER>: the launcher "
+            "would read on to the end of the file [cmx-tag]\n"
             "    5 | </TASKMANAGER\n"
             "      | ^~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
 }
@@ -275,7 +276,8 @@ TEST(CmxRules, AClosingTagWithABlankIsAWarning) {
                   "ValueNoTask = 1\n"
                   "ValueLocalNoTask = 1\n"
                   "</TASKMANAGER> \n"),
-            "Sample03.cmx:5:1: warning: a blank stands beside </TASKMANAGER> [cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: a blank stands beside </TASKMANAGER>: the launcher would "
+            "read on to the end of the file [cmx-tag]\n"
             "    5 | </TASKMANAGER> \n"
             "      | ^~~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
 }
@@ -528,7 +530,8 @@ TEST(CmxRules, AMissingLocalTaskCountMeansSharedMemory) {
                   "IDTaskMode = 0\n"
                   "ValueNoTask = 1\n"
                   "</TASKMANAGER>\n"),
-            "Sample03.cmx:1:1: warning: TASKMANAGER holds no ValueLocalNoTask [cmx-key-missing]\n"
+            "Sample03.cmx:1:1: warning: TASKMANAGER holds no ValueLocalNoTask: the run would be "
+            "shared-memory parallel [cmx-key-missing]\n"
             "    1 | <TASKMANAGER>\n"
             "      | ^~~~~~~~~~~~~ help: the key is written into its section\n");
 }
@@ -691,7 +694,8 @@ TEST(CmxRules, ATaskModeOfTwo) {
                   "1 = 0.6\n"
                   "2 = 0.4\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:2:14: warning: IDTaskMode is 2, neither 0 nor 1 [cmx-mode]\n"
+            "Sample03.cmx:2:14: warning: IDTaskMode is 2, neither 0 nor 1: the run would be "
+            "distributed, as with 1 [cmx-mode]\n"
             "    2 | IDTaskMode = 2\n"
             "      |              ^ help: 0 is this machine, 1 is several\n");
 }
@@ -708,15 +712,15 @@ TEST(CmxRules, AnEmptyTaskMode) {
 }
 
 TEST(CmxRules, ALocalTaskCountWithALeadingZero) {
-  EXPECT_EQ(
-      Found("<TASKMANAGER>\n"
-            "IDTaskMode = 0\n"
-            "ValueNoTask = 1\n"
-            "ValueLocalNoTask = 01\n"
-            "</TASKMANAGER>\n"),
-      "Sample03.cmx:4:20: warning: ValueLocalNoTask is 01, no plain number above 0 [cmx-number]\n"
-      "    4 | ValueLocalNoTask = 01\n"
-      "      |                    ^~ help: the value is written 1\n");
+  EXPECT_EQ(Found("<TASKMANAGER>\n"
+                  "IDTaskMode = 0\n"
+                  "ValueNoTask = 1\n"
+                  "ValueLocalNoTask = 01\n"
+                  "</TASKMANAGER>\n"),
+            "Sample03.cmx:4:20: warning: ValueLocalNoTask is 01, no plain number above 0: the "
+            "launcher would not read 1 and run shared-memory parallel [cmx-number]\n"
+            "    4 | ValueLocalNoTask = 01\n"
+            "      |                    ^~ help: the value is written 1\n");
 }
 
 TEST(CmxRules, NoTasks) {
@@ -766,19 +770,19 @@ TEST(CmxRules, SeveralTasksInASerialRunAreANote) {
 }
 
 TEST(CmxRules, ACoolingFlagOfTwo) {
-  EXPECT_EQ(
-      Found("<TASKMANAGER>\n"
-            "IDTaskMode = 0\n"
-            "ValueNoTask = 1\n"
-            "ValueLocalNoTask = 1\n"
-            "</TASKMANAGER>\n"
-            "<SOLID_COOL>\n"
-            "Flag3DSolidCoolingChannel = 2\n"
-            "</SOLID_COOL>\n",
-            SolverClass::Cool),
-      "Sample03.cmx:7:29: warning: Flag3DSolidCoolingChannel is 2, neither 0 nor 1 [cmx-number]\n"
-      "    7 | Flag3DSolidCoolingChannel = 2\n"
-      "      |                             ^ help: the value is 0 or 1\n");
+  EXPECT_EQ(Found("<TASKMANAGER>\n"
+                  "IDTaskMode = 0\n"
+                  "ValueNoTask = 1\n"
+                  "ValueLocalNoTask = 1\n"
+                  "</TASKMANAGER>\n"
+                  "<SOLID_COOL>\n"
+                  "Flag3DSolidCoolingChannel = 2\n"
+                  "</SOLID_COOL>\n",
+                  SolverClass::Cool),
+            "Sample03.cmx:7:29: warning: Flag3DSolidCoolingChannel is 2, neither 0 nor 1: the flow "
+            "solver would not run first [cmx-number]\n"
+            "    7 | Flag3DSolidCoolingChannel = 2\n"
+            "      |                             ^ help: the value is 0 or 1\n");
 }
 
 TEST(CmxRules, ACoolingFlagWithBlanksIsInOrder) {
@@ -807,7 +811,8 @@ TEST(CmxRules, APreviousShotThatIsNoNumber) {
                   "ValueShotProjectName = First\n"
                   "</SOLID_MCM>\n",
                   SolverClass::Warp),
-            "Sample03.cmx:8:18: warning: ValueShotRunID is first, no number [cmx-number]\n"
+            "Sample03.cmx:8:18: warning: ValueShotRunID is first, no number: the launcher would "
+            "read it as 0 [cmx-number]\n"
             "    8 | ValueShotRunID = first\n"
             "      |                  ^~~~~ help: the value is a plain decimal number\n");
 }
@@ -990,8 +995,8 @@ TEST(CmxRules, MoreMachinesThanCounted) {
             "launcher would drop 1 line of it [machine-count]\n"
             "   11 | 2 = NODE2\t1\n"
             "      | ^~~~~~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n"
-            "Sample03.cmx:14:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines "
-            "[weighting-count]\n"
+            "Sample03.cmx:14:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines: "
+            "the launcher would drop 1 line of it [weighting-count]\n"
             "   14 | 2 = 0.4\n"
             "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
@@ -1080,8 +1085,8 @@ TEST(CmxRules, MoreWeightingsThanCounted) {
                   "2 = 0.4\n"
                   "3 = 0.1\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:15:1: warning: ValueNoMachine is 2 and the weighting block has 3 lines "
-            "[weighting-count]\n"
+            "Sample03.cmx:15:1: warning: ValueNoMachine is 2 and the weighting block has 3 lines: "
+            "the launcher would drop 1 line of it [weighting-count]\n"
             "   15 | 3 = 0.1\n"
             "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
@@ -1179,7 +1184,8 @@ TEST(CmxRules, AMissingWeightingBlock) {
                   "ValueMachineSetting\n"
                   "1 = NODE1\t2\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting: all weights would "
+            "be 0 [weighting-count]\n"
             "    5 | ValueNoMachine = 1\n"
             "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
 }
@@ -1377,7 +1383,7 @@ TEST(CmxRules, AHostWithBackslashes) {
       "Sample03.cmx:10:5: error: \\\\NODE1 is no host name: the MPI process launcher would ask for "
       "another machine [machine-host]\n"
       "   10 | 1 = \\\\NODE1\t2\n"
-      "      |     ^~~~~~~~~ help: a host name stands alone, without backslashes and blanks\n");
+      "      |     ^~~~~~~~~ help: the name is written NODE1\n");
 }
 
 TEST(CmxRules, AHostTwice) {
@@ -1417,7 +1423,8 @@ TEST(CmxRules, ADecimalComma) {
                   "1 = 0,6\n"
                   "2 = 0.4\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:13:5: warning: 0,6 is no weighting [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: 0,6 is no weighting: the launcher would read it as 0 "
+            "[weighting-value]\n"
             "   13 | 1 = 0,6\n"
             "      |     ^~~ help: the decimal point is written 0.6\n");
 }
@@ -1438,7 +1445,8 @@ TEST(CmxRules, AWeightingThatIsAWord) {
                   "1 = much\n"
                   "2 = 0.4\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:13:5: warning: much is no weighting [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: much is no weighting: the launcher would read it as 0 "
+            "[weighting-value]\n"
             "   13 | 1 = much\n"
             "      |     ^~~~ help: a weighting is a number such as 0.6\n");
 }

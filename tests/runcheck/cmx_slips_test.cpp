@@ -25,7 +25,8 @@ TEST(CmxSlips, AWeightingOfZero) {
                   "1 = 0\n"
                   "2 = 1\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:13:5: warning: the weighting is 0 [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: the weighting is 0: the solver would get the weight 0 for "
+            "each process of this machine [weighting-value]\n"
             "   13 | 1 = 0\n"
             "      |     ^ help: a weighting is a number such as 0.6\n");
 }
@@ -65,10 +66,12 @@ TEST(CmxSlips, EachWeightingThatIsNoneIsSaid) {
                   "1 = much\n"
                   "2 = 0\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:13:5: warning: much is no weighting [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: much is no weighting: the launcher would read it as 0 "
+            "[weighting-value]\n"
             "   13 | 1 = much\n"
             "      |     ^~~~ help: a weighting is a number such as 0.6\n"
-            "Sample03.cmx:14:5: warning: the weighting is 0 [weighting-value]\n"
+            "Sample03.cmx:14:5: warning: the weighting is 0: the solver would get the weight 0 for "
+            "each process of this machine [weighting-value]\n"
             "   14 | 2 = 0\n"
             "      |     ^ help: a weighting is a number such as 0.6\n");
 }
@@ -162,8 +165,8 @@ TEST(CmxSlips, TextBehindAClosingTag) {
                   "ValueNoTask = 1\n"
                   "ValueLocalNoTask = 1\n"
                   "</TASKMANAGER> ; end = 1\n"),
-            "Sample03.cmx:5:1: warning: </TASKMANAGER> ; end = 1 is not the tag </TASKMANAGER> "
-            "[cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: </TASKMANAGER> ; end = 1 is not the tag </TASKMANAGER>: "
+            "the launcher would read on to the end of the file [cmx-tag]\n"
             "    5 | </TASKMANAGER> ; end = 1\n"
             "      | ^~~~~~~~~~~~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on "
             "its line\n");
@@ -242,7 +245,8 @@ TEST(CmxSlips, AMissingWeightingBlockBesideAMachineBlockWithAnEqualsSign) {
                   "1 = NODE1\t2\n"
                   "2 = NODE2\t1\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting: all weights would "
+            "be 0 [weighting-count]\n"
             "    5 | ValueNoMachine = 2\n"
             "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
 }
@@ -475,7 +479,8 @@ TEST(CmxSlips, AClosingTagWithItsSlashAtTheEnd) {
                   "ValueNoTask = 1\n"
                   "ValueLocalNoTask = 1\n"
                   "<TASKMANAGER/>\n"),
-            "Sample03.cmx:5:1: warning: <TASKMANAGER/> is not the tag </TASKMANAGER> [cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: <TASKMANAGER/> is not the tag </TASKMANAGER>: the launcher "
+            "would read on to the end of the file [cmx-tag]\n"
             "    5 | <TASKMANAGER/>\n"
             "      | ^~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
 }
@@ -595,8 +600,8 @@ TEST(CmxSlips, AWeightingTooManyHasNoSum) {
                   "1 = 0.6\n"
                   "2 = 0.4\n"
                   "</REMOTE_MACHINES>\n"),
-            "Sample03.cmx:13:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines "
-            "[weighting-count]\n"
+            "Sample03.cmx:13:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines: "
+            "the launcher would drop 1 line of it [weighting-count]\n"
             "   13 | 2 = 0.4\n"
             "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
@@ -619,38 +624,37 @@ TEST(CmxSlips, ATaskCountBesideAnotherSlipOfALocalRun) {
 }
 
 TEST(CmxSlips, ALineThatStopsTwoReadersInTwoFieldsIsSaidForBoth) {
-  EXPECT_EQ(
-      Found("<TASKMANAGER>\n"
-            "IDTaskMode = 1\n"
-            "<REMOTE_MACHINES>\n"
-            "ValueNoMachine = 1\n"
-            "ValueMachineSetting = host, tasks\n"
-            "Version = 123456789012345678901234567890123\n"),
-      "Sample03.cmx:1:1: warning: TASKMANAGER is never closed [cmx-section-open]\n"
-      "    1 | <TASKMANAGER>\n"
-      "      | ^~~~~~~~~~~~~ help: the section ends with </TASKMANAGER>\n"
-      "Sample03.cmx:3:1: warning: REMOTE_MACHINES is never closed [cmx-section-open]\n"
-      "    3 | <REMOTE_MACHINES>\n"
-      "      | ^~~~~~~~~~~~~~~~~ help: the section ends with </REMOTE_MACHINES>\n"
-      "Sample03.cmx:4:18: warning: there is no line ValueMachineWeighting "
-      "[weighting-count]\n"
-      "    4 | ValueNoMachine = 1\n"
-      "      |                  ^ help: the line ValueMachineWeighting opens the block\n"
-      "Sample03.cmx:6:1: error: Version = 123456789012345678901234567890123 is taken as "
-      "machine 1 of 1: the run would go to other machines than listed [machine-line]\n"
-      "    6 | Version = 123456789012345678901234567890123\n"
-      "      | ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the "
-      "number of lines in both blocks, which follow one another without a gap\n"
-      "Sample03.cmx:6:11: error: Version is too long: width 32, length 33: the launcher would "
-      "end with -2 [text-too-long]\n"
-      "    6 | Version = 123456789012345678901234567890123\n"
-      "      |           ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: it is shortened to less than "
-      "the width\n"
-      "Sample03.cmx:6:11: error: machine host name is too long: width 32, length 33: the "
-      "launcher would end with -2 [text-too-long]\n"
-      "    6 | Version = 123456789012345678901234567890123\n"
-      "      |           ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: it is shortened to less than "
-      "the width\n");
+  EXPECT_EQ(Found("<TASKMANAGER>\n"
+                  "IDTaskMode = 1\n"
+                  "<REMOTE_MACHINES>\n"
+                  "ValueNoMachine = 1\n"
+                  "ValueMachineSetting = host, tasks\n"
+                  "Version = 123456789012345678901234567890123\n"),
+            "Sample03.cmx:1:1: warning: TASKMANAGER is never closed [cmx-section-open]\n"
+            "    1 | <TASKMANAGER>\n"
+            "      | ^~~~~~~~~~~~~ help: the section ends with </TASKMANAGER>\n"
+            "Sample03.cmx:3:1: warning: REMOTE_MACHINES is never closed [cmx-section-open]\n"
+            "    3 | <REMOTE_MACHINES>\n"
+            "      | ^~~~~~~~~~~~~~~~~ help: the section ends with </REMOTE_MACHINES>\n"
+            "Sample03.cmx:4:18: warning: there is no line ValueMachineWeighting: all weights would "
+            "be 0 [weighting-count]\n"
+            "    4 | ValueNoMachine = 1\n"
+            "      |                  ^ help: the line ValueMachineWeighting opens the block\n"
+            "Sample03.cmx:6:1: error: Version = 123456789012345678901234567890123 is taken as "
+            "machine 1 of 1: the run would go to other machines than listed [machine-line]\n"
+            "    6 | Version = 123456789012345678901234567890123\n"
+            "      | ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the "
+            "number of lines in both blocks, which follow one another without a gap\n"
+            "Sample03.cmx:6:11: error: Version is too long: width 32, length 33: the launcher "
+            "would end with -2 [text-too-long]\n"
+            "    6 | Version = 123456789012345678901234567890123\n"
+            "      |           ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: it is shortened to less "
+            "than the width\n"
+            "Sample03.cmx:6:11: error: machine host name is too long: width 32, length 33: the "
+            "launcher would end with -2 [text-too-long]\n"
+            "    6 | Version = 123456789012345678901234567890123\n"
+            "      |           ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: it is shortened to less "
+            "than the width\n");
 }
 
 }  // namespace
