@@ -13,19 +13,6 @@ namespace {
 
 bool IsSlash(char c) { return c == '\\' || c == '/'; }
 
-/// The first of `characters` from `from` on; npos without one. A letter's second half may be the
-/// byte of a backslash and is none.
-std::size_t FindCharacter(std::string_view text, std::string_view characters, std::size_t from) {
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (IsLeadByte(text[at])) {
-      ++at;
-    } else if (at >= from && characters.find(text[at]) != std::string_view::npos) {
-      return at;
-    }
-  }
-  return std::string_view::npos;
-}
-
 std::vector<std::string> SplitAtStars(std::string_view list) {
   std::vector<std::string> tokens;
   for (std::size_t start = 0; start <= list.size();) {
@@ -65,6 +52,17 @@ std::string CallFacts::FolderNumber() const {
   char text[16];
   std::snprintf(text, sizeof text, "%02d", ParseInteger(run.c_str()));
   return text;
+}
+
+std::size_t FindCharacter(std::string_view text, std::string_view characters, std::size_t from) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (IsLeadByte(text[at])) {
+      ++at;
+    } else if (at >= from && characters.find(text[at]) != std::string_view::npos) {
+      return at;
+    }
+  }
+  return std::string_view::npos;
 }
 
 bool LooksLikePath(std::string_view text) {

@@ -48,6 +48,10 @@ constexpr bool TakesOption(SolverClass solverClass) {
          IsShell(solverClass);
 }
 
+/// The first of `characters` from `from` on; npos without one. A letter's second half may be the
+/// byte of a backslash and is none.
+std::size_t FindCharacter(std::string_view text, std::string_view characters, std::size_t from);
+
 /// Holds a character that no file name does.
 bool LooksLikePath(std::string_view text);
 

@@ -232,9 +232,10 @@ class ShareRules {
     for (std::size_t at = 1; (at = plain.find("\\\\", at)) != std::string::npos;)
       plain.erase(at, 1);
     std::size_t end = std::string::npos;
-    for (auto parts = std::ranges::count(plain, '\\') + 1; parts > 0; --parts) {
+    for (std::size_t at = 0; at <= plain.size(); ++at) {
       if (end == projectDirectory_.size()) return {};
-      end = std::min(projectDirectory_.find('\\', end + 1), projectDirectory_.size());
+      end = std::min(FindCharacter(projectDirectory_, "\\", end + 1), projectDirectory_.size());
+      at = std::min(FindCharacter(plain, "\\", at), plain.size());
     }
     std::string right = projectDirectory_.substr(0, end);
     return IsSimilar(plain, right) ? right : std::string();

@@ -4,7 +4,9 @@
 
 #include <string>
 
+#include "runcheck/call_facts.h"
 #include "runcheck/cmx_rules.h"
+#include "support/trailing_backslash.h"
 #include "tests/support/texts.h"
 
 namespace qvx::runcheck {
@@ -234,6 +236,15 @@ TEST(CmxMistakes, MarksAndBlanksOfEveryKindAreInvisible) {
                                "Name\xA0\t \xEF\xBB\xBF"),
             "Name");
   EXPECT_EQ(TrimmedOfInvisible("\xEF\xBB\xBF \t\xA0"), "");
+}
+
+TEST(DoubleByte, TheSecondHalfOfALetterIsNeitherBackslashNorInvisible) {
+  if (!IsLeadByte('\x95')) GTEST_SKIP() << "another code page";
+  EXPECT_FALSE(LooksLikePath("\x95\\"));
+  EXPECT_TRUE(LooksLikePath("\x95\\\\x"));
+  EXPECT_FALSE(EndsInSlash("C:\\\x95\\"));
+  EXPECT_TRUE(EndsInSlash("C:\\\x95\\\\"));
+  EXPECT_EQ(TrimmedOfInvisible("\x8E\xA0 "), "\x8E\xA0");
 }
 
 }  // namespace
