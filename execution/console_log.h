@@ -17,8 +17,7 @@ namespace qvx {
 /// second share a log name.
 std::string LogTimestamp();
 
-/// Deletes what matches `pattern`, folders excepted. Returns the last-error code that ended the
-/// enumeration, normally ERROR_NO_MORE_FILES, or 0 when nothing matched.
+/// Deletes what `ForEachOldLog` visits for `pattern`, and returns what it returns.
 DWORD CleanUpOldLogs(const LauncherContext& context, const std::string& pattern);
 
 /// Formats into the context's scratch text and writes it. Returns -1 for a null handle, else the

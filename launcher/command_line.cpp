@@ -20,17 +20,6 @@ namespace {
 
 constexpr const char* kTokenSeparator = "*";
 
-/// The tokens, by their number in the list.
-enum Token : int {
-  kHomeFolder,
-  kProjectDirectory,
-  kProjectName,
-  kOptionValue,
-  kRunNumber,
-  kFirstExtraText,
-  kLastExtraText = kFirstExtraText + 2,
-};
-
 template <typename Record>
 constexpr bool kIsShell = std::is_base_of_v<QVXShellSettings, Record>;
 

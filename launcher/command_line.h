@@ -6,6 +6,17 @@
 
 namespace qvx {
 
+/// The tokens, by their number in the list; the extra texts are the shell families'.
+enum TokenNumber : int {
+  kHomeFolder,
+  kProjectDirectory,
+  kProjectName,
+  kOptionValue,
+  kRunNumber,
+  kFirstExtraText,
+  kLastExtraText = kFirstExtraText + 2,
+};
+
 /// Fills the solver identity, the home folder and the argument record of the solver's family.
 /// Overwrites separators in `arguments` while it splits them. Always returns 0: missing tokens
 /// leave what the record's `Reset` gave; a text too long for its field is a fault.

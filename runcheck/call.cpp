@@ -18,6 +18,14 @@ constexpr const char* kUsage =
     "\n"
     "Behind -- stands exactly what the launcher would be started with.\n";
 
+/// Empty for one that may be asked for.
+std::string WrongTimeout(const std::string& text) {
+  double seconds = 0;
+  const bool isNumber = CLI::detail::lexical_cast(text, seconds);
+  if (isNumber && seconds >= 0.1 && seconds <= 600) return "";
+  return text + " is no number from 0.1 to 600";
+}
+
 std::unique_ptr<CLI::App> MakeApp(Call& call) {
   auto app = std::make_unique<CLI::App>(kUsage, "QVXRunCheck.exe");
   app->allow_windows_style_options(false);
@@ -26,9 +34,10 @@ std::unique_ptr<CLI::App> MakeApp(Call& call) {
   app->add_flag("--version", call.version, "show the version");
   app->add_flag("--json", call.json, "print one JSON object");
   app->add_flag("--no-network", call.noNetwork, "ask no host and no share");
-  app->add_option("--timeout", call.timeout, "seconds that the network has to answer (5)")
+  app->add_option("--timeout", call.timeout,
+                  "seconds that the network has to answer, 0.1 to 600 (5)")
       ->type_name("SECONDS")
-      ->check(CLI::Range(0.1, 600.0));
+      ->check(CLI::Validator(WrongTimeout, ""));
   app->add_option("--explain-status", call.explainStatus, "say what a launcher's exit status means")
       ->type_name("N");
   AddRunWords(*app, call.words);

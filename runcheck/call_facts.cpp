@@ -1,9 +1,12 @@
 #include "runcheck/call_facts.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 #include "runcheck/similar_name.h"
+#include "support/numbers.h"
+#include "support/trailing_backslash.h"
 
 namespace qvx::runcheck {
 namespace {
@@ -23,7 +26,8 @@ std::vector<std::string> SplitAtStars(std::string_view list) {
 }  // namespace
 
 std::string CallFacts::Token(TokenNumber number) const {
-  return number < tokens.size() ? tokens[number] : "";
+  const auto at = static_cast<std::size_t>(number);
+  return at < tokens.size() ? tokens[at] : "";
 }
 
 CallFacts FactsOf(std::vector<std::string> arguments) {
@@ -42,8 +46,31 @@ CallFacts FactsOf(std::vector<std::string> arguments) {
   return facts;
 }
 
+std::string CallFacts::FolderNumber() const {
+  const std::string run = Token(kRunNumber);
+  if (!isShell) return run;
+  char text[16];
+  std::snprintf(text, sizeof text, "%02d", ParseInteger(run.c_str()));
+  return text;
+}
+
+std::size_t FindCharacter(std::string_view text, std::string_view characters, std::size_t from) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (IsLeadByte(text[at])) {
+      ++at;
+    } else if (at >= from && characters.find(text[at]) != std::string_view::npos) {
+      return at;
+    }
+  }
+  return std::string_view::npos;
+}
+
 bool LooksLikePath(std::string_view text) {
-  return text.find_first_of("\\/:") != std::string_view::npos;
+  return FindCharacter(text, "\\/:", 0) != std::string_view::npos;
+}
+
+bool EndsInSlash(std::string_view path) {
+  return !path.empty() && FindCharacter(path, "\\/", path.size() - 1) != std::string_view::npos;
 }
 
 bool IsAbsolutePath(std::string_view path) {

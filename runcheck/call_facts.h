@@ -6,12 +6,13 @@
 #include <vector>
 
 #include "launcher/class_rule.h"
+#include "launcher/command_line.h"
 #include "launcher/solver_class.h"
 
 namespace qvx::runcheck {
 
-/// The tokens as the launcher numbers them.
-enum TokenNumber : std::size_t { kHome, kProject, kName, kOption, kRun, kTokenCount };
+/// Those that every family has.
+constexpr std::size_t kTokenCount = kFirstExtraText;
 
 struct CallFacts {
   std::vector<std::string> arguments;
@@ -20,10 +21,13 @@ struct CallFacts {
   SolverClass family;
   bool isShell;
   std::string_view tokenSource;     ///< the list that the launcher splits
-  std::vector<std::string> tokens;  ///< without empty ones
+  std::vector<std::string> tokens;  ///< without empty ones; the launcher keeps only their fields
   bool hasEmptyToken;               ///< two separators stand side by side
 
   [[nodiscard]] std::string Token(TokenNumber number) const;
+
+  /// The run number as the run folder's name has it.
+  [[nodiscard]] std::string FolderNumber() const;
 };
 
 /// `arguments`: at least two.
@@ -34,7 +38,8 @@ constexpr bool IsShell(SolverClass solverClass) {
   return solverClass >= SolverClass::ShellFlow && solverClass <= SolverClass::ShellWarp;
 }
 
-/// The families whose record has the molding type and, but FLOW and PACK, the option.
+/// For a class that is known at run time, where the launcher knows the record's type: the families
+/// whose record has the molding type and, but FLOW and PACK, the option.
 constexpr bool TakesMoldingType(SolverClass solverClass) {
   return solverClass <= SolverClass::Stress;
 }
@@ -43,8 +48,15 @@ constexpr bool TakesOption(SolverClass solverClass) {
          IsShell(solverClass);
 }
 
+/// The first of `characters` from `from` on; npos without one. A letter's second half may be the
+/// byte of a backslash and is none.
+std::size_t FindCharacter(std::string_view text, std::string_view characters, std::size_t from);
+
 /// Holds a character that no file name does.
 bool LooksLikePath(std::string_view text);
+
+/// With a backslash or slash that is a character of its own.
+bool EndsInSlash(std::string_view path);
 
 /// "C:\..." or "\\..."; forward slashes count too.
 bool IsAbsolutePath(std::string_view path);

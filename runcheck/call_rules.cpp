@@ -86,6 +86,14 @@ bool CheckQuotationMarks(const CallFacts& facts, bool leadsToARun, Diagnostics& 
   for (const std::string& argument : facts.arguments) {
     if (argument.find('"') == std::string::npos) continue;
     Diagnostic diagnostic("call-quotation-mark", argument + " holds a quotation mark");
+    if (argument == facts.solver) {
+      std::string name = argument;
+      std::erase(name, '"');
+      found.push_back(diagnostic.Grave()
+                          .Because("the launcher would find no solver and stop with -1")
+                          .Suggest(name, "the solver is written " + name));
+      return true;
+    }
     if (leadsToARun) {
       diagnostic.Because("the launcher would hand it on as it stands");
     } else {
@@ -108,7 +116,8 @@ void CheckMoldingType(const CallFacts& facts, Diagnostics& found) {
   }
   // A shell solver's tokens may stand behind it by mistake; that has its own rule.
   const std::string behind = first.substr(marker + 1);
-  const std::string text = behind.substr(0, behind.find('*'));
+  const std::string whole = behind.substr(0, behind.find('*'));
+  const std::string text(Trimmed(whole));
   if (text.find('$') != std::string::npos) {
     found.push_back(Diagnostic("molding-type", first + " holds more than one $")
                         .Because("the launcher would read the molding type behind the first one"));
@@ -116,7 +125,7 @@ void CheckMoldingType(const CallFacts& facts, Diagnostics& found) {
     const std::string what = text.empty() ? "nothing" : text;
     found.push_back(Diagnostic("molding-type", what + " stands behind $, no number")
                         .Because("the launcher would take " +
-                                 std::to_string(ParseInteger(text.substr(0, 7).c_str())) +
+                                 std::to_string(ParseInteger(whole.substr(0, 7).c_str())) +
                                  " as the molding type"));
   } else if (text.size() > 7) {
     found.push_back(
@@ -222,22 +231,30 @@ bool CheckTokenOrder(const CallFacts& facts, bool leadsToARun, Diagnostics& foun
     return leadsToARun;
   };
   const std::string wrong =
-      LooksLikePath(facts.Token(kName))     ? "the project name is " + facts.Token(kName)
-      : LooksLikePath(facts.Token(kOption)) ? "the option is " + facts.Token(kOption)
-      : LooksLikePath(facts.Token(kRun))    ? "the run number is " + facts.Token(kRun)
-                                            : "";
+      LooksLikePath(facts.Token(kProjectName)) ? "the project name is " + facts.Token(kProjectName)
+      : LooksLikePath(facts.Token(kOptionValue)) ? "the option is " + facts.Token(kOptionValue)
+      : LooksLikePath(facts.Token(kRunNumber))   ? "the run number is " + facts.Token(kRunNumber)
+                                                 : "";
   if (!wrong.empty()) return add(wrong + ", a path");
   // A number where the name belongs and a name after it.
-  const bool nameIsLate = IsInteger(facts.Token(kName)) && !IsInteger(facts.Token(kOption));
-  const bool runIsEarly = !IsInteger(facts.Token(kRun)) && IsInteger(facts.Token(kOption)) &&
-                          facts.Token(kOption).size() > 1 && facts.Token(kOption).starts_with('0');
-  if (nameIsLate && !IsInteger(facts.Token(kRun))) {
-    return add("the project name is " + facts.Token(kName) + " and the option is " +
-               facts.Token(kOption));
+  const bool nameIsLate =
+      IsInteger(facts.Token(kProjectName)) && !IsInteger(facts.Token(kOptionValue));
+  const bool runIsEarly =
+      !IsInteger(facts.Token(kRunNumber)) && IsInteger(facts.Token(kOptionValue)) &&
+      facts.Token(kOptionValue).size() > 1 && facts.Token(kOptionValue).starts_with('0');
+  const bool isRunNamed = !IsInteger(facts.Token(kRunNumber)) &&
+                          !AsciiLower(facts.Token(kRunNumber)).starts_with("run");
+  if (!nameIsLate && IsInteger(facts.Token(kProjectName)) && isRunNamed) {
+    return add("the project name is " + facts.Token(kProjectName) + " and the run number is " +
+               facts.Token(kRunNumber));
+  }
+  if (nameIsLate && !IsInteger(facts.Token(kRunNumber))) {
+    return add("the project name is " + facts.Token(kProjectName) + " and the option is " +
+               facts.Token(kOptionValue));
   }
   if (runIsEarly) {
-    return add("the option is " + facts.Token(kOption) + " and the run number is " +
-               facts.Token(kRun));
+    return add("the option is " + facts.Token(kOptionValue) + " and the run number is " +
+               facts.Token(kRunNumber));
   }
   return true;
 }
@@ -256,7 +273,7 @@ bool CheckBlanks(const CallFacts& facts, bool leadsToARun, Diagnostics& found) {
   };
   for (std::size_t i = 0; i < std::min<std::size_t>(facts.tokens.size(), kTokenCount); ++i) {
     // Numbers are read with blanks before them.
-    if (i != kOption) check(kTokenNames[i], facts.tokens[i], i == kName && leadsToARun);
+    if (i != kOptionValue) check(kTokenNames[i], facts.tokens[i], i == kProjectName && leadsToARun);
   }
   // The system takes blanks off a path's end.
   const bool isBefore = facts.solver.starts_with(' ') || !facts.solver.ends_with(' ');
@@ -265,7 +282,7 @@ bool CheckBlanks(const CallFacts& facts, bool leadsToARun, Diagnostics& found) {
 }
 
 void CheckOption(const CallFacts& facts, Diagnostics& found) {
-  const std::string option = facts.Token(kOption);
+  const std::string option = facts.Token(kOptionValue);
   if (!TakesOption(facts.family) || IsInteger(TrimmedOfInvisible(option))) return;
   const std::string number = std::to_string(ParseInteger(option.c_str()));
   found.push_back(Diagnostic("option-value", "the option is " + option + ", no number")
@@ -274,14 +291,15 @@ void CheckOption(const CallFacts& facts, Diagnostics& found) {
 
 /// True when the run folder may bear it.
 bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
-  const std::string run(TrimmedOfInvisible(facts.Token(kRun)));
-  if (run.empty() || IsInteger(run)) return true;
+  const std::string run(TrimmedOfInvisible(facts.Token(kRunNumber)));
+  // A longer one is told by its width.
+  const bool isNumber = IsInteger(run) || (!facts.isShell && run.find_first_not_of("0123456789") ==
+                                                                 std::string::npos);
+  if (run.empty() || isNumber) return true;
   if (run.find('"') != std::string::npos) return false;  // has its own rule
   Diagnostic diagnostic("run-number", "the run number is " + run + ", no number");
   if (facts.isShell) {
-    diagnostic.Grave().Because("the launcher would take the folder Run" +
-                               std::string(ParseInteger(run.c_str()) < 10 ? "0" : "") +
-                               std::to_string(ParseInteger(run.c_str())));
+    diagnostic.Grave().Because("the launcher would take the folder Run" + facts.FolderNumber());
   } else if (AsciiLower(run).starts_with("run")) {
     diagnostic.Grave()
         .Because("the launcher would look in the folder Run" + run)
@@ -320,7 +338,8 @@ void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
   }
   const std::string family = TextsOf(facts.family).name;
   if (facts.rule == nullptr) {
-    found.push_back(Diagnostic("solver-name", "no rule fits the solver's name " + solver));
+    found.push_back(Diagnostic(
+        "solver-name", "no rule fits the solver's name " + solver + ", which runs as FLOW"));
     return;
   }
   const std::string lower = AsciiLower(solver);
@@ -377,8 +396,8 @@ bool CheckCall(const CallFacts& facts, Diagnostics& found, bool leadsToARun) {
   if (!CheckTokenCount(facts, found)) return false;
   const bool isOrdered = CheckTokenOrder(facts, leadsToARun, found);
   CheckOption(facts, found);
-  const bool hasRunNumber = CheckRunNumber(facts, found);
-  return isOrdered && !hasMarks && hasNoBlanks && hasRunNumber;
+  const bool hasRunNumber = isOrdered && CheckRunNumber(facts, found);
+  return !hasMarks && hasNoBlanks && hasRunNumber;
 }
 
 }  // namespace qvx::runcheck

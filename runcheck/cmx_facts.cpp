@@ -6,14 +6,34 @@
 
 #include "runcheck/similar_name.h"
 #include "support/numbers.h"
+#include "support/trailing_backslash.h"
 
 namespace qvx::runcheck {
 namespace {
 
-// No-break space in the Latin code pages, byte-order mark, separators.
-bool IsInvisible(char c) {
-  constexpr std::string_view kInvisible = " \t\r\v\f\xA0\xEF\xBB\xBF";
-  return std::ranges::find(kInvisible, c) != kInvisible.end();
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+// Separators, and the no-break space of the Windows code pages.
+constexpr std::string_view kInvisible = " \t\r\v\f\xA0";
+
+/// The bytes of the character that `text` begins with.
+std::size_t CharacterSize(std::string_view text) {
+  if (text.starts_with(kByteOrderMark)) return kByteOrderMark.size();
+  return text.size() > 1 && IsLeadByte(text.front()) ? 2 : 1;
+}
+
+bool IsInvisible(std::string_view character) {
+  return character == kByteOrderMark || kInvisible.find(character) != std::string_view::npos;
+}
+
+/// Calls `visit` with the place and the size of every character that can be seen, or of every
+/// other.
+template <typename Visitor>
+void ForEachCharacter(std::string_view text, bool visible, Visitor&& visit) {
+  // Only from the start on can the halves of letters be told from whole ones.
+  for (std::size_t at = 0, size = 0; at < text.size(); at += size) {
+    size = CharacterSize(text.substr(at));
+    if (IsInvisible(text.substr(at, size)) != visible) visit(at, size);
+  }
 }
 
 bool IsRead(const CmxSection& section, SolverClass solverClass) {
@@ -35,8 +55,15 @@ CmxFacts::CmxFacts(CmxFile file, SolverClass solverClass)
   if (const SectionReading* tasks = Reading(kTaskManagerSection)) {
     const std::string_view mode = tasks->ValueOf("IDTaskMode");
     isDistributed_ = mode != "0";
-    localIsMeant_ = MeansLocal(mode);
+    localIsMeant_ = MeansLocal(mode) || IsOverwritten(*tasks);
   }
+}
+
+bool CmxFacts::IsOverwritten(const SectionReading& tasks) const {
+  return Reading(kRemoteMachinesSection)->openings.empty() &&
+         std::ranges::any_of(tasks.settings, [](const SettingLine& setting) {
+           return setting.key == "IDTaskMode" && setting.value == "0";
+         });
 }
 
 const SectionReading* CmxFacts::Reading(const CmxSection& section) const {
@@ -54,14 +81,26 @@ bool CmxFacts::Matters(const CmxSection& section) const {
 }
 
 std::string_view TrimmedOfInvisible(std::string_view text) {
-  while (!text.empty() && IsInvisible(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsInvisible(text.back())) text.remove_suffix(1);
-  return text;
+  std::size_t first = text.size();
+  std::size_t end = text.size();
+  ForEachCharacter(text, true, [&](std::size_t at, std::size_t size) {
+    first = std::min(first, at);
+    end = at + size;
+  });
+  return text.substr(first, end - first);
+}
+
+std::string WithoutInvisible(std::string_view text) {
+  std::string visible;
+  ForEachCharacter(text, true,
+                   [&](std::size_t at, std::size_t size) { visible += text.substr(at, size); });
+  return visible;
 }
 
 std::string NameOfInvisible(std::string_view text) {
-  std::string invisible(text);
-  std::erase_if(invisible, [](char c) { return !IsInvisible(c); });
+  std::string invisible;
+  ForEachCharacter(text, false,
+                   [&](std::size_t at, std::size_t size) { invisible += text.substr(at, size); });
   if (invisible.find_first_not_of(' ') == std::string::npos) return "blank";
   return invisible.find_first_not_of(" \t") == std::string::npos ? "tab" : "invisible character";
 }
@@ -93,9 +132,11 @@ bool MeansLocal(std::string_view taskMode) {
       "",      "null",   "o",    "no",  "off",           "false",
       "local", "serial", "none", "smp", "shared-memory", "localhost"};
   if (std::ranges::find(kLocalWords, mode) != kLocalWords.end()) return true;
-  // "00", "0.0", "+0", "0,0", "0x0"
+  // "00", "0.0", "0 local", "0/1"
+  if (mode.starts_with('0') && ParseInteger(mode.c_str()) == 0) return true;
+  // "+0", "{0}", and a no-break space of UTF-8 before it
   return mode.find('0') != std::string::npos &&
-         mode.find_first_not_of("0.,+-x") == std::string::npos;
+         mode.find_first_not_of("0.,+-{}[]\xC2\xA0") == std::string::npos;
 }
 
 bool IsPlainNumber(std::string_view text) {

@@ -36,6 +36,9 @@ class CmxFacts {
   [[nodiscard]] bool Matters(const CmxSection& section) const;
 
  private:
+  /// A later value hides a local mode, and no machines are given.
+  [[nodiscard]] bool IsOverwritten(const SectionReading& tasks) const;
+
   CmxFile file_;
   CmxLines lines_;
   SolverClass solverClass_;
@@ -50,8 +53,10 @@ bool MeansLocal(std::string_view taskMode);
 /// `value` without what often stands around it by mistake: blanks, quotation marks, a comment.
 std::string Cleaned(std::string_view value);
 
-/// Tabs, no-break spaces, carriage returns and other bytes that look like nothing; spaces too.
+/// Tabs, no-break spaces, carriage returns, byte-order marks and what else looks like nothing;
+/// spaces too.
 std::string_view TrimmedOfInvisible(std::string_view text);
+std::string WithoutInvisible(std::string_view text);
 
 /// What is invisible in `text`: "blank", "tab" or "invisible character"; blanks beside tabs do not
 /// count.

@@ -24,12 +24,6 @@ const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
   return nullptr;
 }
 
-std::string WithoutInvisible(std::string_view text) {
-  std::string plain(text);
-  std::erase_if(plain, [](char c) { return TrimmedOfInvisible({&c, 1}).empty(); });
-  return plain;
-}
-
 /// The section, other than `own`, that knows `name`; `Version` is everybody's.
 const CmxSection* OtherSection(const CmxSection& own, std::string_view name) {
   for (const CmxSection* section : kSections) {
@@ -45,9 +39,16 @@ class KeyRules {
       : facts_(facts), reading_(reading), found_(found) {}
 
   void Check() {
+    std::string inner;  // the closing tag of a section within this one
     for (const SettingLine& setting : reading_.settings) {
+      const std::string_view text = setting.line->text;
+      if (!inner.empty()) {
+        if (text == inner) inner.clear();
+        continue;
+      }
       // What comes after the next tag of a section that is never closed belongs elsewhere.
-      if (reading_.isOpen && IsOtherTag(setting.line->text)) break;
+      if (reading_.isOpen && IsOtherTag(text)) break;
+      if (IsOtherTag(text)) inner = InnerClosingTag(text);
       if (setting.role != LineRole::Setting || setting.key.empty()) continue;
       if (setting.known != nullptr) continue;
       if (IsTagLike(facts_, *setting.line) || IsComment(setting.line->text)) continue;
@@ -114,6 +115,7 @@ class KeyRules {
       found_.push_back(
           Diagnostic("cmx-key-section",
                      written + " is a key of " + std::string(other->name) + ", not of " + section)
+              .Grave(LosesFlowPass(*other, setting))
               .Suggest(std::string(other->name), "it is moved into " + std::string(other->name))
               .At(KeyRange(facts_.File(), setting), setting.line->whole));
     } else if (key = FindSimilarKey(Section(), setting.key); key != nullptr) {
@@ -128,8 +130,24 @@ class KeyRules {
     }
   }
 
+  /// The line was meant to ask for the flow pass, and no other does.
+  [[nodiscard]] bool LosesFlowPass(const CmxSection& other, const SettingLine& setting) const {
+    const SectionReading* reading = facts_.Reading(other);
+    return &other == &kSolidCoolSection && reading != nullptr &&
+           reading->Find(setting.key) == nullptr && Cleaned(setting.value) == "1";
+  }
+
   [[nodiscard]] bool IsOtherTag(std::string_view text) const {
     return text.starts_with('<') && text.ends_with('>') && text != OpeningTag(Section());
+  }
+
+  /// Empty when this section does not hold it.
+  [[nodiscard]] std::string InnerClosingTag(std::string_view opening) const {
+    std::string closing = "</" + std::string(opening.substr(1));
+    const bool isThere = std::ranges::any_of(reading_.settings, [&](const SettingLine& setting) {
+      return setting.line->text == closing;
+    });
+    return isThere ? closing : std::string();
   }
 
   /// A line of a block that is over or was never opened: the block's own rules speak of it.

@@ -1,5 +1,6 @@
 // The CMX file's lines with their places, cut and read as the launcher's readers cut and read them:
-// what the rules look at. Views into the file's bytes, which have to outlive them.
+// what the rules look at. (Those readers give no places, and end at the first text that is too
+// long.) Views into the file's bytes, which have to outlive them.
 #pragma once
 
 #include <array>

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <map>
@@ -18,6 +19,8 @@ std::string Counted(std::size_t count, const std::string& thing) {
   return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
+constexpr const char* kHandedToMpi = "the MPI process launcher would be given it as it stands";
+
 /// Six digits, without zeros at the end.
 std::string Decimal(double number) {
   char text[32];
@@ -32,6 +35,15 @@ bool IsHostName(std::string_view name) {
     return !isAscii || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            std::string_view("-_.:").find(c) != std::string_view::npos;
   });
+}
+
+/// A decimal number, the whole text.
+bool IsDecimal(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double number = 0;
+  const char* end = text.data() + text.size();
+  const auto [read, error] = std::from_chars(text.data(), end, number);
+  return read == end && error == std::errc() && std::isfinite(number);
 }
 
 class MachineRules {
@@ -99,9 +111,12 @@ class MachineRules {
     }
     if (!IsPlainNumber(count->value)) {
       const std::string right = std::to_string(count_);
-      Add(Diagnostic("cmx-number",
+      // The text itself goes into the command line, where blanks behind it do no harm.
+      const std::size_t last = count->value.find_last_not_of(" \t");
+      const bool isHarmless = IsPlainNumber(count->value.substr(0, last + 1));
+      Add(Diagnostic(isHarmless ? Code("cmx-number") : Code("machine-count"),
                      "ValueNoMachine is " + std::string(count->value) + ", no plain number")
-              .Because("the launcher would read it as " + right)
+              .Because(isHarmless ? "the launcher would read it as " + right : kHandedToMpi)
               .Suggest(right, "the value is written " + right),
           *count);
     }
@@ -154,14 +169,15 @@ class MachineRules {
     for (const SettingLine* entry : entries) {
       if (LooksLikeEntry(*entry, role)) continue;
       const std::string text(TrimmedOfInvisible(entry->line->text));
+      const bool holdsMachine = isMachine && opener->value.find('\t') != std::string::npos;
       found_.push_back(
           Diagnostic(isMachine ? Code("machine-line") : Code("weighting-count"),
                      (text.empty() ? "an empty line" : text) + " is taken as " + block + " " +
                          std::to_string(entry->entry + 1) + " of " + std::to_string(count_))
               .As(TakesAnOpener(*entry) ? kError : code.Row().usual)
-              .Help(
-                  "ValueNoMachine is the number of lines in both blocks, which follow one another "
-                  "without a gap")
+              .Help(holdsMachine ? "the first machine stands in the line after ValueMachineSetting"
+                                 : "ValueNoMachine is the number of lines in both blocks, which "
+                                   "follow one another without a gap")
               .At(LineRange(facts_.File(), *entry->line), entry->line->whole));
       return false;
     }
@@ -187,10 +203,10 @@ class MachineRules {
          next != reading_.settings.data() + reading_.settings.size(); ++next) {
       if (next->role != LineRole::Setting || !LooksLikeEntry(*next, role)) break;
       if (next->line == entries.back()->line) break;  // the file's last line, handled twice
-      if (!IsPlainNumber(next->key) && next->key != entries.back()->key &&
-          next->value.find('\t') == std::string_view::npos) {
-        break;
-      }
+      const bool hasTab = next->value.find('\t') != std::string_view::npos;
+      // Weightings, when nothing opens their block.
+      if (isMachine && !hasTab && Opener(LineRole::Weighting) == nullptr) break;
+      if (!IsPlainNumber(next->key) && next->key != entries.back()->key && !hasTab) break;
       if (first == nullptr) first = next;
       ++more;
     }
@@ -215,9 +231,11 @@ class MachineRules {
         continue;
       }
       const std::string host(entry->value.substr(0, tab));
-      const std::string_view tasks = entry->value.substr(tab + 1);
-      CheckHost(*entry, host);
-      CheckTaskCount(*entry, host, tasks.substr(0, tasks.find('\t')));
+      std::string tasks(entry->value.substr(tab + 1));
+      tasks = tasks.substr(0, tasks.find('\t'));
+      CheckHost(*entry, host, tasks);
+      if (host.empty()) continue;
+      CheckTaskCount(*entry, host, tasks);
       const auto [earlier, isNew] = seen.emplace(AsciiLower(host), entry->line->number);
       if (!isNew) {
         Add(Diagnostic("machine-twice",
@@ -240,21 +258,41 @@ class MachineRules {
         std::move(diagnostic).At(LineRange(facts_.File(), *entry.line), entry.line->whole));
   }
 
-  void CheckHost(const SettingLine& entry, const std::string& host) {
+  /// `next`: what stands behind the tab.
+  void CheckHost(const SettingLine& entry, const std::string& host, const std::string& next) {
     if (IsHostName(host)) return;
     const std::string clean(TrimmedOfInvisible(host));
-    const bool isBlank = IsHostName(clean);
-    Diagnostic diagnostic(
-        "machine-host",
-        isBlank
-            ? WithArticle(NameOfInvisible(host)) + " stands beside the host name " + clean
-            : (host.empty() ? std::string("the host name is empty") : host + " is no host name"));
-    diagnostic.Grave(!isBlank);
-    if (isBlank) diagnostic.Suggest(clean, "the name is written " + clean);
+    const std::string bare = Bare(host);
+    Diagnostic diagnostic("machine-host", host + " is no host name");
+    if (host.empty() && IsHostName(next) && !IsPlainNumber(next)) {
+      diagnostic.summary = "a tab stands before the host name " + next;
+      diagnostic.Grave().Suggest(next, "the host name stands first");
+    } else if (host.empty()) {
+      diagnostic.summary = "the host name is empty";
+      diagnostic.Grave();
+    } else if (IsHostName(clean)) {
+      diagnostic.summary =
+          WithArticle(NameOfInvisible(host)) + " stands beside the host name " + clean;
+    } else if (IsHostName(bare) && host == '"' + bare + '"') {
+      // The MPI process launcher takes them off as every program does.
+      diagnostic.summary = "quotation marks stand around the host name " + bare;
+      diagnostic.Because("the launcher would hand them on as they stand");
+    } else {
+      diagnostic.Grave();
+    }
+    if (IsHostName(bare)) diagnostic.Suggest(bare, "the name is written " + bare);
     Add(std::move(diagnostic), entry);
   }
 
-  void CheckTaskCount(const SettingLine& entry, const std::string& host, std::string_view tasks) {
+  /// Without what stands around a host name by mistake.
+  static std::string Bare(const std::string& host) {
+    const std::string clean(TrimmedOfInvisible(host));
+    constexpr const char* kAround = "\"'\\/";
+    const std::size_t first = std::min(clean.find_first_not_of(kAround), clean.size());
+    return clean.substr(first, clean.find_last_not_of(kAround) - first + 1);
+  }
+
+  void CheckTaskCount(const SettingLine& entry, const std::string& host, const std::string& tasks) {
     const std::string clean(TrimmedOfInvisible(tasks));
     if (IsPlainNumber(clean) && ParseInteger(clean.c_str()) > 0) return;
     Diagnostic diagnostic("machine-tasks",
@@ -262,7 +300,9 @@ class MachineRules {
     if (IsPlainNumber(host) && IsHostName(clean)) {
       diagnostic.summary = "the tasks stand before the host in " + host + " " + clean;
     } else if (ParseInteger(clean.c_str()) > 0) {
-      diagnostic.Because("the MPI process launcher would be given it as it stands");
+      const std::string right = std::to_string(ParseInteger(clean.c_str()));
+      diagnostic.summary = "the tasks of " + host + " are " + clean + ", no plain number";
+      diagnostic.Because(kHandedToMpi).Suggest(right, "the tasks are written " + right);
     }
     Add(std::move(diagnostic), entry);
   }
@@ -290,16 +330,19 @@ class MachineRules {
 
   /// False for one that is no number above 0.
   bool CheckWeighting(const SettingLine& entry, const std::string& value) {
-    const bool isDecimal = !value.empty() &&
-                           value.find_first_not_of("0123456789.eE+-") == std::string::npos &&
-                           value.find_first_of("0123456789") != std::string::npos;
     const double weighting = ParseDecimal(value.c_str());
+    const bool isDecimal = IsDecimal(value);
     if (isDecimal && weighting > 0) return true;
     Diagnostic diagnostic("weighting-value",
                           (value.empty() ? "the weighting is empty" : value + " is no weighting"));
+    diagnostic.Because("the launcher would read it as " + Decimal(weighting));
     if (isDecimal && weighting == 0) {
       diagnostic.summary = "the weighting is " + value;
       diagnostic.Because("the solver would get the weight 0 for each process of this machine");
+    }
+    const std::string clean = Cleaned(value);
+    if (!isDecimal && IsDecimal(clean) && ParseDecimal(clean.c_str()) > 0) {
+      diagnostic.Suggest(clean, "the weighting is written " + clean);
     }
     std::string point = value;
     std::ranges::replace(point, ',', '.');

@@ -52,7 +52,8 @@ std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
     return std::nullopt;
   }
   std::string name(written);
-  const bool closes = name.find_first_of("/\\") != std::string::npos;
+  const std::size_t slash = name.find_first_of("/\\");
+  const bool isSlashFirst = slash < name.find_first_not_of("<[/\\ \t");
   const bool isMarked = name.find_first_of("<>[]") != std::string::npos;
   std::erase_if(name, [](char c) {
     constexpr std::string_view kMarks = "<>[]/\\ \t:;.";
@@ -62,6 +63,8 @@ std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
     const std::string_view right = reading.section->name;
     const bool isSame = IsSameInAnyCase(name, right);
     if (isSame || (isMarked && IsSimilar(name, right))) {
+      // A slash at its end closes what is open, and opens otherwise.
+      const bool closes = isSlashFirst || (slash != std::string::npos && !reading.openings.empty());
       return NearTag{&reading, closes, !isSame, written};
     }
   }

@@ -10,7 +10,7 @@
 namespace qvx::runcheck {
 namespace {
 
-bool IsSpaceOrTab(char c) { return c == ' ' || c == '\t' || c == '\xA0'; }
+bool IsSpaceOrTab(char c) { return c == ' ' || c == '\t'; }
 
 std::string Counted(std::size_t count, const std::string& thing) {
   return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
@@ -62,6 +62,11 @@ class ValueRules {
 
   [[nodiscard]] bool IsCoolingFlag() const { return key_.name == "Flag3DSolidCoolingChannel"; }
 
+  [[nodiscard]] bool MeansYes() const {
+    constexpr std::string_view kWords[] = {"true", "yes", "on"};
+    return std::ranges::find(kWords, AsciiLower(value_)) != std::end(kWords);
+  }
+
   [[nodiscard]] bool IsPositiveNumber() const {
     return IsPlainNumber(value_) && !value_.starts_with('0');
   }
@@ -75,7 +80,8 @@ class ValueRules {
       case KeyUse::Folder:
         return true;
       case KeyUse::Flag:
-        return IsCoolingFlag() && ParseInteger(value_.c_str()) != 1 && Cleaned(value_) == "1";
+        return IsCoolingFlag() && ParseInteger(value_.c_str()) != 1 &&
+               (Cleaned(value_) == "1" || MeansYes());
       default:
         return false;
     }
@@ -104,6 +110,8 @@ class ValueRules {
     if (key_.use == KeyUse::Flag) diagnostic.Help("the value is 0 or 1");
     if (number > 0 && right != value_) {
       diagnostic.Suggest(right, "the value is written " + right);
+    } else if (key_.use == KeyUse::Flag && MeansYes()) {
+      diagnostic.Suggest("1", "the value is written 1");
     }
     if (key_.use == KeyUse::LocalTasks) {
       diagnostic.Because("the launcher would not read 1 and run shared-memory parallel");
@@ -136,7 +144,8 @@ class ValueRules {
     value = value.substr(0, value.find_last_not_of('\r') + 1);
     const std::size_t start = setting_.valueColumn;
     if (value.empty()) return false;
-    if (IsSpaceOrTab(value.front())) {
+    const std::string_view visible = TrimmedOfInvisible(value);
+    if (visible.data() != value.data()) {
       Add(Wrong("cmx-leading-tab", WithArticle(NameOfInvisible(value.substr(0, 1))) +
                                        " stands before " + Cleaned(value)),
           start, start + 1);
@@ -148,8 +157,8 @@ class ValueRules {
     } else if (const std::size_t comment = CommentStart(value); comment != std::string_view::npos) {
       Add(Wrong("cmx-comment", "a comment stands behind the value of " + Name()), start + comment,
           start + value.size());
-    } else if (IsSpaceOrTab(value.back())) {
-      const std::size_t length = TrimmedOfInvisible(value).size();
+    } else if (visible.size() < value.size()) {
+      const std::size_t length = visible.size();
       const std::size_t blanks = value.size() - length;
       Add(Wrong("cmx-trailing-blank", Counted(blanks, NameOfInvisible(value.substr(length))) +
                                           (blanks == 1 ? " stands" : " stand") +
@@ -178,14 +187,17 @@ class ValueRules {
 
   void CheckMode() {
     if (value_ == "0" || value_ == "1") return;
-    constexpr std::string_view kDistributedWords[] = {"true", "yes",         "on",
-                                                      "dmp",  "distributed", "remote"};
-    const bool isWord =
-        std::ranges::find(kDistributedWords, AsciiLower(value_)) != std::end(kDistributedWords);
+    constexpr std::string_view kDistributedWords[] = {"dmp", "distributed", "remote"};
+    const bool isWord = MeansYes() || std::ranges::find(kDistributedWords, AsciiLower(value_)) !=
+                                          std::end(kDistributedWords);
     const bool isNumber = ParseInteger(value_.c_str()) != 0;
     Diagnostic diagnostic("cmx-mode", Name() + " is " + Shown() + ", neither 0 nor 1");
     if (MeansLocal(value_)) diagnostic.Suggest("0", "a run on this machine is written 0");
-    if (!isWord && !isNumber) diagnostic.Grave();
+    if (isWord || isNumber) {
+      diagnostic.Because("the run would be distributed, as with 1");
+    } else {
+      diagnostic.Grave();
+    }
     Add(std::move(diagnostic));
   }
 

@@ -26,6 +26,7 @@ Diagnostic& Diagnostic::As(Severity other) & {
 
 Diagnostic& Diagnostic::Because(std::string otherConsequence) & {
   consequence = std::move(otherConsequence);
+  hasOwnConsequence = true;
   return *this;
 }
 

@@ -33,6 +33,7 @@ struct Diagnostic {
   std::string_view code;
   std::string summary;
   std::string consequence;
+  bool hasOwnConsequence = false;  ///< not the one that all diagnostics of the code have
   std::string help;
   std::optional<std::string> suggestion;  ///< the right name, for one that is wrong
   std::optional<Range> range;

@@ -177,7 +177,7 @@ inline constexpr CodeRow kCodes[] = {
      "the launcher would take them as part of the value", "values stand without them"},
     {"cmx-mode", kWarning, kError, "IDTaskMode is neither 0 nor 1", "the run would be distributed",
      "0 is this machine, 1 is several"},
-    {"cmx-number", kWarning, kWarning, "a value is not the number that is expected",
+    {"cmx-number", kWarning, kError, "a value is not the number that is expected",
      "the launcher would read another number", "the value is a plain decimal number"},
     {"task-count", kError, kError, "the number of tasks is no number above 0",
      "the MPI process launcher would be asked for no process", "ValueNoTask is 1 or more"},

@@ -107,8 +107,11 @@ std::string DiagnosticText(const Diagnostic& diagnostic, const TextStyle& style)
             std::to_string(range.start.column) + ": ";
   }
   std::string heading = place + severity + " " + Shown(diagnostic.summary);
-  // What follows stands after what is wrong where it stops or spoils the run.
-  if (diagnostic.severity == Severity::Error) heading += ": " + diagnostic.consequence;
+  // What follows stands after what is wrong where it stops or spoils the run, or goes without
+  // saying for its code no more.
+  const bool isSaid = diagnostic.severity == Severity::Error ||
+                      (diagnostic.severity == Severity::Warning && diagnostic.hasOwnConsequence);
+  if (isSaid) heading += ": " + diagnostic.consequence;
   heading += " [" + std::string(diagnostic.code) + "]";
   heading = Wrapped(heading, style.width, 4);
   const std::size_t at = heading.find(severity);

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "runcheck/call_facts.h"
 #include "runcheck/files.h"
 #include "runcheck/similar_name.h"
 
@@ -20,10 +21,11 @@ std::optional<std::string> OwnHome() {
 
 /// The names that CMX files of the run give the project.
 std::vector<std::string> ProjectNames(const RunWords& words) {
-  const std::string ending = AsciiLower(words.run + ".cmx");
+  const std::string run = FactsOf(LauncherArguments(words, "home", "name")).FolderNumber();
+  const std::string ending = AsciiLower(run + ".cmx");
   std::vector<std::string> names;
   for (const std::string& name :
-       NamesMatching(words.project + "\\Analysis\\Run" + words.run + "\\*.cmx")) {
+       NamesMatching(words.project + "\\Analysis\\Run" + run + "\\*.cmx")) {
     if (name.size() > ending.size() && AsciiLower(name).ends_with(ending)) {
       names.push_back(name.substr(0, name.size() - ending.size()));
     }

@@ -19,8 +19,17 @@ std::string Joined(const std::vector<std::string>& names) {
 
 /// The CMX file of another run or name lies there.
 void AddCmxNeighbours(const RunPlaces& places, Diagnostic& diagnostic) {
-  const std::vector<std::string> names = NamesMatching(places.runFolder + "\\*.cmx*");
-  if (names.empty()) return;
+  std::vector<std::string> names = NamesMatching(places.runFolder + "\\*.cmx*");
+  if (names.empty()) {
+    names = NamesMatching(places.runFolder + "\\" + places.name + places.run + ".*");
+  }
+  if (names.empty()) {
+    for (const char* above : {"\\", "\\Analysis\\"}) {
+      const std::string path = places.project + above + places.cmxName;
+      if (KindOf(path) == FileKind::File) diagnostic.Suggest(path, "there is a file " + path);
+    }
+    return;
+  }
   const std::string meant = names.size() == 1 ? names[0] : std::string();
   const std::string help = "the run folder holds " + Joined(names);
   if (meant.empty()) {
@@ -28,6 +37,16 @@ void AddCmxNeighbours(const RunPlaces& places, Diagnostic& diagnostic) {
   } else {
     diagnostic.Suggest(meant, help);
   }
+}
+
+/// The only folder in `folder` that holds `inside`.
+void AddFolderBelow(const std::string& folder, const std::string& inside, Diagnostic& diagnostic) {
+  std::vector<std::string> paths;
+  for (const std::string& name : NamesMatching(folder + "\\*")) {
+    const std::string path = folder + "\\" + name;
+    if (KindOf(path + "\\" + inside) == FileKind::Folder) paths.push_back(path);
+  }
+  if (paths.size() == 1) diagnostic.Suggest(paths[0], paths[0] + " holds one");
 }
 
 /// A folder beside the missing one, with nearly its name.
@@ -59,12 +78,16 @@ bool CheckFolder(Code code, const char* what, const std::string& folder, const c
     if (folder.starts_with('%')) diagnostic.Help("a variable between % is not replaced here");
   } else if (const FileKind kind = KindOf(folder); kind == FileKind::Missing) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " does not exist";
+    if (folder.find('?') != std::string::npos) {
+      diagnostic.Help("a ? stands for a letter that the ANSI code page does not hold");
+    }
     AddNeighbour(folder, diagnostic);
   } else if (kind == FileKind::File) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " is a file";
     suggestAbove();
   } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " holds no folder " + inside;
+    AddFolderBelow(folder, inside, diagnostic);
     suggestAbove();
   } else {
     return true;
@@ -88,22 +111,51 @@ std::string MeantRunNumber(const RunPlaces& places) {
   return {};
 }
 
+void AddMissingRunFolder(const CallFacts& call, const RunPlaces& places, Diagnostics& found) {
+  const auto told = std::ranges::find(found, "run-number", &Diagnostic::code);
+  if (told != found.end()) {
+    told->Grave().Because("the launcher would look in the folder Run" + places.run +
+                          ", which does not exist");
+    return;
+  }
+  const std::string analysis = places.project + "\\Analysis\\";
+  const std::string option = call.Token(kOptionValue);
+  if (option.size() > 1 && KindOf(analysis + "Run" + option) == FileKind::Folder) {
+    found.push_back(
+        Diagnostic("call-token-order",
+                   "the option is " + option + " and the run number is " + call.Token(kRunNumber))
+            .Grave());
+    return;
+  }
+  if (const std::string meant = MeantRunNumber(places); !meant.empty()) {
+    Diagnostic diagnostic("run-number", "the run folder Run" + places.run +
+                                            " does not exist and Run" + meant + " does");
+    diagnostic.Grave().Because("the run would lose its log");
+    if (call.isShell) {
+      // However it is written: it is formatted anew.
+      const std::string name = "Run" + places.run;
+      diagnostic.Suggest(name, "a shell solver's run folder is named " + name);
+    } else {
+      diagnostic.Suggest(meant, "the run number is written " + meant);
+    }
+    found.push_back(diagnostic);
+    return;
+  }
+  Diagnostic diagnostic("run-folder", "the run folder " + places.runFolder + " does not exist");
+  std::vector<std::string> others = NamesMatching(analysis + "Run*");
+  constexpr std::size_t kMost = 10;
+  std::ranges::sort(others);
+  others.resize(std::min(others.size(), kMost));
+  if (!others.empty()) diagnostic.Help("Analysis holds " + Joined(others));
+  found.push_back(diagnostic);
+}
+
 /// True when there is a run folder to look into.
-bool CheckRunFolder(const RunPlaces& places, Diagnostics& found) {
+bool CheckRunFolder(const CallFacts& call, const RunPlaces& places, Diagnostics& found) {
   if (places.run.empty()) return false;
   const FileKind kind = KindOf(places.runFolder);
   if (kind == FileKind::Missing) {
-    const std::string meant = MeantRunNumber(places);
-    if (meant.empty()) {
-      found.push_back(
-          Diagnostic("run-folder", "the run folder " + places.runFolder + " does not exist"));
-    } else {
-      found.push_back(Diagnostic("run-number", "the run folder Run" + places.run +
-                                                   " does not exist and Run" + meant + " does")
-                          .Grave()
-                          .Because("the run would lose its log")
-                          .Suggest(meant, "the run number is written " + meant));
-    }
+    AddMissingRunFolder(call, places, found);
     return false;
   }
   if (kind == FileKind::File) {
@@ -149,11 +201,11 @@ void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile
 
 RunPlaces PlacesOf(const CallFacts& call, const Prediction& prediction) {
   RunPlaces places;
-  places.home = call.Token(kHome);
+  places.home = call.Token(kHomeFolder);
   if (places.home.ends_with('\\')) places.home.pop_back();
-  places.project = call.Token(kProject);
-  places.name = call.Token(kName);
-  places.run = call.Token(kRun);
+  places.project = call.Token(kProjectDirectory);
+  places.name = call.Token(kProjectName);
+  places.run = call.Token(kRunNumber);
   if (prediction.isInterpreted) {
     LauncherContext& context = *prediction.context;
     places.home = context.homeFolder;
@@ -190,7 +242,7 @@ void CheckRunPlaces(const CallFacts& call, const RunPlaces& places, const CmxFil
   CheckFolder("home-folder", "home folder", places.home, "Bin", found);
   if (!CheckFolder("project-folder", "project directory", places.project, "Analysis", found))
     return;
-  if (CheckRunFolder(places, found)) CheckCmxPlace(call, places, cmx, found);
+  if (CheckRunFolder(call, places, found)) CheckCmxPlace(call, places, cmx, found);
 }
 
 void CheckMachine(const Prediction& prediction, Diagnostics& found) {
@@ -205,8 +257,8 @@ void CheckMachine(const Prediction& prediction, Diagnostics& found) {
   }
   const MultiShotSettings& shot = prediction.context->multiShotSettings;
   const std::string path = shot.ValueShotProjectPath;
-  if (prediction.fault) {
-    // The settings are read as far as it.
+  if (prediction.fault || Cleaned(path) != path) {
+    // The settings are read as far as it, or it is told with its line.
   } else if (shot.FlagPrevShot != 0 && path.empty()) {
     found.push_back(
         Diagnostic("previous-shot", "FlagPrevShot is set and ValueShotProjectPath is empty"));

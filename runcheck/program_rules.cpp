@@ -11,6 +11,8 @@
 namespace qvx::runcheck {
 namespace {
 
+constexpr const char* kFolderNameKey = "QVX_PARALLEL_FOLDER_NAME";
+
 enum class ProgramKind { Fits, OtherMachine, NoProgram };
 
 /// A look at the header.
@@ -43,6 +45,12 @@ ProgramKind KindOfProgram(const std::string& path) {
 std::string WithExtension(const std::string& path) {
   const std::string name = path.substr(path.find_last_of('\\') + 1);
   return name.find('.') == std::string::npos ? path + ".exe" : path;
+}
+
+/// The system has its command interpreter start them.
+bool IsBatchFile(const std::string& path) {
+  const std::string lower = AsciiLower(path);
+  return lower.ends_with(".bat") || lower.ends_with(".cmd");
 }
 
 void CheckHeader(Code code, const std::string& path, Diagnostics& found) {
@@ -99,7 +107,9 @@ class ProgramRules {
       diagnostic.Because(pass.IsUnderMpi() ? "the MPI process launcher would not start it"
                                            : "the launcher would stop with -1");
       const std::string name = pass.solverPath.substr(bin.size() + 1);
-      if (name.empty() || TrimmedOfInvisible(name) != name) return;  // told with the call
+      const bool hasMark = name.find('"') != std::string::npos;
+      if (name.empty() || hasMark || TrimmedOfInvisible(name) != name)
+        return;  // told with the call
       const std::vector<std::string> names = NamesMatching(bin + "\\*.exe");
       std::vector<std::string_view> views(names.begin(), names.end());
       if (const std::string_view meant = MostSimilar(name, views); !meant.empty()) {
@@ -108,7 +118,7 @@ class ProgramRules {
       found_.push_back(diagnostic);
       return;
     }
-    CheckHeader("solver-program", path, found_);
+    if (!IsBatchFile(path)) CheckHeader("solver-program", path, found_);
     if (pass.mode == ComputeMode::Serial) CheckUnquoted(pass, path);
   }
 
@@ -208,6 +218,18 @@ class ProgramRules {
     found_.push_back(diagnostic);
   }
 
+  /// A key of the file that is nearly the one that is looked for; empty for none.
+  static std::string SimilarKey(const std::string& bytes) {
+    for (std::size_t start = 0; start < bytes.size();) {
+      const std::size_t end = std::min(bytes.find('\n', start), bytes.size());
+      const std::string line = bytes.substr(start, end - start);
+      const std::string key(Trimmed(line.substr(0, line.find('='))));
+      if (line.find('=') != std::string::npos && IsSimilar(key, kFolderNameKey)) return key;
+      start = end + 1;
+    }
+    return {};
+  }
+
   void CheckProjectIni() {
     if (Context().parallelFolderName[0] != '\0') {
       CheckParallelFolder(Context().parallelFolderName);
@@ -230,6 +252,8 @@ class ProgramRules {
       diagnostic.summary = path +
                            " holds QVX_PARALLEL_FOLDER_NAME without a value or outside its "
                            "section Configuration";
+    } else if (const std::string key = SimilarKey(bytes); !key.empty()) {
+      diagnostic.Suggest(kFolderNameKey, key + " is written " + kFolderNameKey);
     }
     found_.push_back(diagnostic);
   }
@@ -239,9 +263,17 @@ class ProgramRules {
         Cleaned(name) == name) {
       return;
     }
-    found_.push_back(
-        Diagnostic("project-ini", "QVX_PARALLEL_FOLDER_NAME is " + name + ", no share's name")
-            .Help("it is the share's name, without backslashes around it"));
+    Diagnostic diagnostic("project-ini",
+                          std::string(kFolderNameKey) + " is " + name + ", no share's name");
+    diagnostic.Because("the run would look for the installation in " +
+                       std::string(Context().remoteHomePath));
+    diagnostic.Help("it is the share's name, without backslashes around it");
+    const std::size_t share = name.starts_with("\\\\") ? name.find('\\', 2) : std::string::npos;
+    if (share != std::string::npos && share + 1 < name.size()) {
+      const std::string right = name.substr(share + 1);
+      diagnostic.Suggest(right, "the value is written " + right);
+    }
+    found_.push_back(diagnostic);
   }
 
   const Prediction& prediction_;

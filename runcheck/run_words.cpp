@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "runcheck/call_facts.h"
+#include "runcheck/similar_name.h"
 
 namespace qvx::runcheck {
 namespace {
@@ -11,6 +12,28 @@ namespace {
 std::string FirstLetterLower(std::string text) {
   if (text.size() > 1 && text[1] >= 'a') text[0] = static_cast<char>(std::tolower(text[0]));
   return text;
+}
+
+/// What else may have gone wrong with them.
+std::string MarkHint(const std::vector<std::string>& texts) {
+  const bool hasMark = std::ranges::any_of(
+      texts, [](const std::string& text) { return text.find('"') != std::string::npos; });
+  return hasMark ? "; a backslash before a quotation mark takes what follows with it" : "";
+}
+
+/// The first of `arguments` that the parser could not use.
+std::string Unexpected(const CLI::App& app, const std::vector<std::string>& arguments) {
+  const std::vector<std::string> rest = app.remaining();
+  const std::string first = *std::ranges::find_if(arguments, [&](const std::string& argument) {
+    return std::ranges::find(rest, argument) != rest.end();
+  });
+  const std::string name =
+      AsciiLower(first.substr(std::min(first.find_first_not_of("-/"), first.size())));
+  if (name.size() == first.size()) {
+    return first + " belongs to no option; a text with blanks stands in quotation marks";
+  }
+  const bool isKnown = !name.empty() && app.get_option_no_throw("--" + name) != nullptr;
+  return first + " is no option" + (isKnown ? "; it is written --" + name : "");
 }
 
 }  // namespace
@@ -29,9 +52,10 @@ void AddRunWords(CLI::App& app, RunWords& words) {
 }
 
 std::string MissingWord(const RunWords& words) {
-  if (words.project.empty()) return "--project is missing";
-  if (words.run.empty()) return "--run is missing";
-  if (words.solver.empty()) return "--solver is missing";
+  const std::string hint = MarkHint({words.project, words.run, words.solver});
+  if (words.project.empty()) return "--project is missing" + hint;
+  if (words.run.empty()) return "--run is missing" + hint;
+  if (words.solver.empty()) return "--solver is missing" + hint;
   return "";
 }
 
@@ -40,12 +64,10 @@ std::string ParseWords(CLI::App& app, const std::vector<std::string>& arguments)
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
     app.parse(reversed);
+  } catch (const CLI::ExtrasError&) {
+    return Unexpected(app, arguments) + MarkHint(arguments);
   } catch (const CLI::ParseError& error) {
-    const bool hasMark = std::ranges::any_of(arguments, [](const std::string& argument) {
-      return argument.find('"') != std::string::npos;
-    });
-    return FirstLetterLower(error.what()) +
-           (hasMark ? "; a backslash before a quotation mark takes what follows with it" : "");
+    return FirstLetterLower(error.what()) + MarkHint(arguments);
   }
   return "";
 }

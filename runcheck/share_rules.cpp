@@ -12,6 +12,28 @@
 namespace qvx::runcheck {
 namespace {
 
+/// What no host's name in a path holds, and no file's name.
+constexpr const char* kNoHost = "\\/ :;,*?\"<>|";
+constexpr const char* kNoFile = ":*?\"<>|";
+
+/// Letters beyond A to Z, all of them as UTF-8 writes them.
+bool IsUtf8(std::string_view text) {
+  std::size_t more = 0;
+  bool hasLetters = false;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool continues = (byte & 0xC0) == 0x80;
+    if (continues != (more > 0) || (!continues && byte >= 0xF8)) return false;
+    if (continues) {
+      --more;
+    } else if (byte >= 0x80) {
+      more = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;
+      hasLetters = true;
+    }
+  }
+  return hasLetters && more == 0;
+}
+
 class ShareRules {
  public:
   ShareRules(const CmxFacts& facts, const Prediction& prediction, Diagnostics& found)
@@ -44,8 +66,14 @@ class ShareRules {
     return reading_.Find(key) == nullptr && IsKeyTold(found_, key);
   }
 
-  /// What stands around a value is told where the value stands.
-  static bool IsClean(const std::string& value) { return Cleaned(value) == value; }
+  /// True when the rules over the lines have told what is wrong with the value of `key`.
+  [[nodiscard]] bool IsValueTold(std::string_view key) const {
+    const SettingLine* setting = reading_.Find(key);
+    return setting != nullptr && std::ranges::any_of(found_, [&](const Diagnostic& diagnostic) {
+             return diagnostic.code.starts_with("cmx-") && diagnostic.range &&
+                    diagnostic.range->start.line == setting->line->number;
+           });
+  }
 
   static bool IsLoopback(std::string_view host) {
     return AsciiLower(host) == "localhost" || host.starts_with("127.") || host == "::1";
@@ -71,19 +99,21 @@ class ShareRules {
               .Because("the other machines would look for the shares at themselves")
               .Help("it is this machine's name in the network"),
           key);
-    } else if (IsClean(node) && node.find_first_of("\\/ ") != std::string::npos) {
+    } else if (!IsValueTold(key) &&
+               (node.find_first_of(kNoHost) != std::string::npos || node == ".")) {
       const std::string name = node.substr(std::min(node.find_first_not_of("\\/"), node.size()));
-      const std::string host = name.substr(0, name.find_first_of("\\/ "));
-      Add(Diagnostic("storage-node", std::string(key) + " is " + node + ", no host name")
-              .Suggest(host, "the host is written " + host),
-          key);
+      const std::string host = name.substr(0, name.find_first_of(kNoHost));
+      Diagnostic diagnostic("storage-node", std::string(key) + " is " + node + ", no host name");
+      // One letter is a drive's.
+      if (host.size() > 1) diagnostic.Suggest(host, "the host is written " + host);
+      Add(diagnostic, key);
     }
   }
 
   void CheckShareName() {
     constexpr std::string_view kKey = "ValueShareFolderName";
     const std::string share = settings_.ValueShareFolderName;
-    if (!IsClean(share)) return;
+    if (IsValueTold(kKey)) return;
     const std::size_t first = share.find_first_not_of("\\/");
     if (share.empty()) {
       if (!IsTold(kKey)) Add(Diagnostic("share-name", "ValueShareFolderName is empty"), kKey);
@@ -95,13 +125,27 @@ class ShareRules {
         diagnostic.Suggest(name, "the share is written " + name);
       }
       Add(std::move(diagnostic), kKey);
-    } else if (first != 0 || share.find_last_not_of("\\/") != share.size() - 1) {
+    } else if (first != 0 || EndsInSlash(share)) {
       const std::string name = WithoutSlashes(share);
       const bool isSlash = share.front() == '/' || share.back() == '/';
       Add(Diagnostic("share-name", std::string(isSlash ? "a slash" : "a backslash") +
                                        " stands beside the share's name in " + share)
               .Suggest(name, "the share is written " + name),
           kKey);
+    } else if (const std::string node = AsciiLower(settings_.ValueStorageNode) + "\\";
+               AsciiLower(share).starts_with(node)) {
+      const std::string name = share.substr(node.size());
+      Add(Diagnostic("share-name", "ValueShareFolderName begins with the storage node, " + share)
+              .Suggest(name, "the share is written " + name),
+          kKey);
+    } else if (share.find_first_of(kNoFile) != std::string::npos ||
+               std::string_view(";,").find(share.back()) != std::string_view::npos) {
+      const std::string name = share.substr(0, share.find_last_not_of(";,") + 1);
+      Diagnostic diagnostic("share-name", "ValueShareFolderName is " + share + ", no share's name");
+      if (name.find_first_of(kNoFile) == std::string::npos) {
+        diagnostic.Suggest(name, "the share is written " + name);
+      }
+      Add(diagnostic, kKey);
     }
   }
 
@@ -126,7 +170,7 @@ class ShareRules {
     const std::string folder = settings_.ValueParallelWorkingFolder;
     const std::string project = Lowered(projectDirectory_);
     const std::string wanted = Lowered(folder);
-    if (!IsClean(folder) || projectDirectory_.empty()) return;
+    if (IsValueTold("ValueParallelWorkingFolder") || projectDirectory_.empty()) return;
     if (folder.empty()) {
       if (!IsTold("ValueParallelWorkingFolder")) {
         AddFolder("ValueParallelWorkingFolder is empty", true);
@@ -140,7 +184,7 @@ class ShareRules {
     }
     const std::size_t end = at + wanted.size();
     const std::string rest = project.substr(std::min(end + 1, project.size()));
-    if (folder.back() == '\\' || folder.back() == '/') {
+    if (EndsInSlash(folder)) {
       AddFolder(std::string("ValueParallelWorkingFolder ends in a ") +
                     (folder.back() == '/' ? "slash" : "backslash") + " and makes the project " +
                     (rest.empty() ? "nameless" : rest),
@@ -166,14 +210,36 @@ class ShareRules {
       Add(std::move(diagnostic), "ValueParallelWorkingFolder");
       return;
     }
-    const std::string slashes = WithBackslashes(AsciiLower(folder));
-    std::string suggestion;
-    if (AsciiLower(projectDirectory_).starts_with(slashes) && slashes != AsciiLower(folder)) {
-      suggestion = projectDirectory_.substr(0, folder.size());
-    }
     std::string summary = folder + " is not in the project directory " + projectDirectory_;
-    if (HasBeyondAscii(folder)) summary += "; the case of letters beyond A to Z counts";
-    AddFolder(summary, true, suggestion);
+    if (IsUtf8(folder)) {
+      summary += ", and its letters beyond A to Z are UTF-8, not the ANSI code page";
+    } else if (HasBeyondAscii(folder)) {
+      summary += "; the case of letters beyond A to Z counts";
+    }
+    Diagnostic diagnostic("working-folder", summary);
+    if (const std::string right = SimilarFolder(folder); !right.empty()) {
+      diagnostic.Suggest(right, "the working folder is written " + right);
+    } else if (folder.starts_with('%')) {
+      diagnostic.Help("a variable between % is not replaced here");
+    }
+    Add(diagnostic.Grave(), "ValueParallelWorkingFolder");
+  }
+
+  /// As many folders of the project directory as `folder` has, when it can be a misspelt one of
+  /// them; empty otherwise.
+  [[nodiscard]] std::string SimilarFolder(const std::string& folder) const {
+    std::string plain = WithBackslashes(folder);
+    while (plain.ends_with('\\')) plain.pop_back();
+    for (std::size_t at = 1; (at = plain.find("\\\\", at)) != std::string::npos;)
+      plain.erase(at, 1);
+    std::size_t end = std::string::npos;
+    for (std::size_t at = 0; at <= plain.size(); ++at) {
+      if (end == projectDirectory_.size()) return {};
+      end = std::min(FindCharacter(projectDirectory_, "\\", end + 1), projectDirectory_.size());
+      at = std::min(FindCharacter(plain, "\\", at), plain.size());
+    }
+    std::string right = projectDirectory_.substr(0, end);
+    return IsSimilar(plain, right) ? right : std::string();
   }
 
   static std::string WithBackslashes(std::string path) {

@@ -65,7 +65,8 @@ TEST_F(RunCheckCall, AMissingTokenIsNamed) {
 
 TEST_F(RunCheckCall, ATokenTooMany) {
   EXPECT_EQ(FindingsFor(std::string(kTokens) + "*more"),
-            "warning: the token list holds 6 tokens, more than 5 [call-tokens]\n"
+            "warning: the token list holds 6 tokens, more than 5: the launcher would ignore the "
+            "rest [call-tokens]\n"
             "    help: a * in a name cuts it in two tokens\n"
             "\n"
             "1 warning: this run would start.\n");
@@ -90,7 +91,8 @@ TEST_F(RunCheckCall, AnEmptyTokenThatMovesNoOther) {
        {"*" + std::string(kTokens), kTokens + std::string("**"),
         std::string("<site>\\Home**<site>\\Work\\Sample*Sample*3*01")}) {
     EXPECT_EQ(FindingsFor(tokens),
-              "warning: the token list holds an empty token [call-empty-token]\n"
+              "warning: the token list holds an empty token: the launcher would skip it "
+              "[call-empty-token]\n"
               "    help: one * stands between two tokens\n"
               "\n"
               "1 warning: this run would start.\n");
@@ -173,15 +175,13 @@ TEST_F(RunCheckCall, ThePathsComeLast) {
       "error: the option is <site>\\Home, a path: the launcher would go to other folders "
       "[call-token-order]\n"
       "    help: the order is home folder, project directory, project name, option, run number\n"
-      "warning: the run number is <site>\\Work\\Sample, no number [run-number]\n"
-      "    help: the run number stands as in the run folder's name\n"
       "error: run number is too long: width 32, length " +
           std::to_string(site.Specific("<site>\\Work\\Sample").size()) +
           ": the launcher would end with -2 "
           "[text-too-long]\n"
           "    help: it is shortened to less than the width\n"
           "\n"
-          "2 errors, 1 warning: this run would not start.\n");
+          "2 errors: this run would not start.\n");
 }
 
 TEST_F(RunCheckCall, OptionAndRunNumberSwapped) {
@@ -190,10 +190,8 @@ TEST_F(RunCheckCall, OptionAndRunNumberSwapped) {
       "error: the option is 01 and the run number is three: the launcher would go to other folders "
       "[call-token-order]\n"
       "    help: the order is home folder, project directory, project name, option, run number\n"
-      "warning: the run number is three, no number [run-number]\n"
-      "    help: the run number stands as in the run folder's name\n"
       "\n"
-      "1 error, 1 warning: this run would not be the one that is meant.\n");
+      "1 error: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckCall, AShellSolverInThe3dForm) {
@@ -246,16 +244,18 @@ TEST_F(RunCheckCall, AQuotationMarkInTheTokens) {
 }
 
 TEST_F(RunCheckCall, NoMarkerForTheMoldingType) {
-  EXPECT_EQ(Findings({"L", kTokens, kFlow}),
-            "warning: no $ stands in L [molding-type]\n"
-            "    help: the first argument ends in $ and the molding type\n"
-            "\n"
-            "1 warning: this run would start.\n");
+  EXPECT_EQ(
+      Findings({"L", kTokens, kFlow}),
+      "warning: no $ stands in L: the launcher would take -1 as the molding type [molding-type]\n"
+      "    help: the first argument ends in $ and the molding type\n"
+      "\n"
+      "1 warning: this run would start.\n");
 }
 
 TEST_F(RunCheckCall, TwoMarkersForTheMoldingType) {
   EXPECT_EQ(Findings({"L$1$2", kTokens, kFlow}),
-            "warning: L$1$2 holds more than one $ [molding-type]\n"
+            "warning: L$1$2 holds more than one $: the launcher would read the molding type behind "
+            "the first one [molding-type]\n"
             "    help: the first argument ends in $ and the molding type\n"
             "\n"
             "1 warning: this run would start.\n");
@@ -263,7 +263,8 @@ TEST_F(RunCheckCall, TwoMarkersForTheMoldingType) {
 
 TEST_F(RunCheckCall, AMoldingTypeThatIsAWord) {
   EXPECT_EQ(Findings({"L$one", kTokens, kFlow}),
-            "warning: one stands behind $, no number [molding-type]\n"
+            "warning: one stands behind $, no number: the launcher would take 0 as the molding "
+            "type [molding-type]\n"
             "    help: the first argument ends in $ and the molding type\n"
             "\n"
             "1 warning: this run would start.\n");
@@ -271,7 +272,8 @@ TEST_F(RunCheckCall, AMoldingTypeThatIsAWord) {
 
 TEST_F(RunCheckCall, AMoldingTypeOfEightDigits) {
   EXPECT_EQ(Findings({"L$12345678", kTokens, kFlow}),
-            "warning: the molding type 12345678 has more than 7 digits [molding-type]\n"
+            "warning: the molding type 12345678 has more than 7 digits: the launcher would take "
+            "1234567 [molding-type]\n"
             "    help: the first argument ends in $ and the molding type\n"
             "\n"
             "1 warning: this run would start.\n");
@@ -285,7 +287,7 @@ TEST_F(RunCheckCall, ASolverWithoutMoldingTypeNeedsNoMarker) {
 TEST_F(RunCheckCall, AnOptionThatIsAWord) {
   site.InstallSolver("Qvx3DCool.exe");
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*x*01", "Qvx3DCool.exe"),
-            "warning: the option is x, no number [option-value]\n"
+            "warning: the option is x, no number: the launcher would read it as 0 [option-value]\n"
             "    help: the fourth token is an integer\n"
             "\n"
             "1 warning: this run would start.\n");
@@ -307,7 +309,7 @@ TEST_F(RunCheckCall, ASolverWithAPath) {
 TEST_F(RunCheckCall, ASolverThatNoRuleFits) {
   site.InstallSolver("Solver.exe");
   EXPECT_EQ(FindingsFor(kTokens, "Solver.exe"),
-            "warning: no rule fits the solver's name Solver.exe [solver-name]\n"
+            "warning: no rule fits the solver's name Solver.exe, which runs as FLOW [solver-name]\n"
             "    help: a solver's name tells its family\n"
             "\n"
             "1 warning: this run would start.\n");

@@ -60,8 +60,8 @@ TEST(CmxFacts, AMachineCountWithABlankIsReadAsItStands) {
 
 TEST(CmxFacts, HalfATaskIsHandedOn) {
   EXPECT_EQ(Said(Distributed("NODE2\t1", "NODE2\t1.5")),
-            "error machine-tasks: NODE2 has 1.5 tasks: the MPI process launcher would be given it "
-            "as it stands\n");
+            "error machine-tasks: the tasks of NODE2 are 1.5, no plain number: the MPI process "
+            "launcher would be given it as it stands -> 1\n");
   EXPECT_EQ(Said(Distributed("NODE2\t1", "NODE2\t0.5")),
             "error machine-tasks: NODE2 has 0.5 tasks: no process would run there\n");
 }
@@ -69,8 +69,7 @@ TEST(CmxFacts, HalfATaskIsHandedOn) {
 TEST(CmxFacts, TabsAroundAWeightingDoNoHarm) {
   EXPECT_EQ(Said(Distributed("= 0.6", "=\t0.6\t")), "");
   EXPECT_EQ(Said(Distributed("= 0.6", "=\tx0.6")),
-            "warning weighting-value: x0.6 is no weighting: the launcher would read it as another "
-            "number\n");
+            "warning weighting-value: x0.6 is no weighting: the launcher would read it as 0\n");
 }
 
 TEST(CmxFacts, TheLastLineOfAnOpenSectionIsNoThirdWeighting) {

@@ -148,7 +148,8 @@ TEST(CmxKeys, AMissingTaskModeMeansDistributed) {
 
 TEST(CmxKeys, AMissingLocalTaskCountMeansSharedMemory) {
   EXPECT_EQ(Found(Local("ValueLocalNoTask = 1\n", "")),
-            "Sample03.cmx:1:1: warning: TASKMANAGER holds no ValueLocalNoTask [cmx-key-missing]\n"
+            "Sample03.cmx:1:1: warning: TASKMANAGER holds no ValueLocalNoTask: the run would be "
+            "shared-memory parallel [cmx-key-missing]\n"
             "    1 | <TASKMANAGER>\n"
             "      | ^~~~~~~~~~~~~ help: the key is written into its section\n");
 }

@@ -32,8 +32,8 @@ TEST(CmxMachines, MoreMachinesThanCounted) {
       "launcher would drop 1 line of it [machine-count]\n"
       "   11 | 2 = NODE2\t1\n"
       "      | ^~~~~~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n"
-      "Sample03.cmx:14:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines "
-      "[weighting-count]\n"
+      "Sample03.cmx:14:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines: the "
+      "launcher would drop 1 line of it [weighting-count]\n"
       "   14 | 2 = 0.4\n"
       "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
@@ -175,7 +175,7 @@ TEST(CmxMachines, AHostWithBackslashes) {
       "Sample03.cmx:10:5: error: \\\\NODE1 is no host name: the MPI process launcher would ask for "
       "another machine [machine-host]\n"
       "   10 | 1 = \\\\NODE1\t2\n"
-      "      |     ^~~~~~~~~ help: a host name stands alone, without backslashes and blanks\n");
+      "      |     ^~~~~~~~~ help: the name is written NODE1\n");
 }
 
 TEST(CmxMachines, HostsWithDigitsDotsAndDashesAreInOrder) {

@@ -93,29 +93,32 @@ TEST(CmxTags, TextBehindATag) {
 
 TEST(CmxTags, ANearlyClosingTagIsAWarning) {
   EXPECT_EQ(Found(Local("</TASKMANAGER>", "</TASKMANAGER")),
-            "Sample03.cmx:5:1: warning: </TASKMANAGER is not the tag </TASKMANAGER> [cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: </TASKMANAGER is not the tag </TASKMANAGER>: the launcher "
+            "would read on to the end of the file [cmx-tag]\n"
             "    5 | </TASKMANAGER\n"
             "      | ^~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
 }
 
 TEST(CmxTags, AClosingTagWithItsSlashAtTheEnd) {
   EXPECT_EQ(Found(Local("</TASKMANAGER>", "<TASKMANAGER/>")),
-            "Sample03.cmx:5:1: warning: <TASKMANAGER/> is not the tag </TASKMANAGER> [cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: <TASKMANAGER/> is not the tag </TASKMANAGER>: the launcher "
+            "would read on to the end of the file [cmx-tag]\n"
             "    5 | <TASKMANAGER/>\n"
             "      | ^~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
 }
 
 TEST(CmxTags, AClosingTagWithABlankIsAWarning) {
   EXPECT_EQ(Found(Local("</TASKMANAGER>", "</TASKMANAGER> ")),
-            "Sample03.cmx:5:1: warning: a blank stands beside </TASKMANAGER> [cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: a blank stands beside </TASKMANAGER>: the launcher would "
+            "read on to the end of the file [cmx-tag]\n"
             "    5 | </TASKMANAGER> \n"
             "      | ^~~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on its line\n");
 }
 
 TEST(CmxTags, TextBehindAClosingTag) {
   EXPECT_EQ(Found(Local("</TASKMANAGER>", "</TASKMANAGER> ; end = 1")),
-            "Sample03.cmx:5:1: warning: </TASKMANAGER> ; end = 1 is not the tag </TASKMANAGER> "
-            "[cmx-tag]\n"
+            "Sample03.cmx:5:1: warning: </TASKMANAGER> ; end = 1 is not the tag </TASKMANAGER>: "
+            "the launcher would read on to the end of the file [cmx-tag]\n"
             "    5 | </TASKMANAGER> ; end = 1\n"
             "      | ^~~~~~~~~~~~~~~~~~~~~~~~ help: the tag is written </TASKMANAGER>, alone on "
             "its line\n");

@@ -114,7 +114,8 @@ TEST(CmxValues, ATaskModeThatIsAWord) {
 
 TEST(CmxValues, ATaskModeOfTwo) {
   EXPECT_EQ(Found(Distributed("IDTaskMode = 1", "IDTaskMode = 2")),
-            "Sample03.cmx:2:14: warning: IDTaskMode is 2, neither 0 nor 1 [cmx-mode]\n"
+            "Sample03.cmx:2:14: warning: IDTaskMode is 2, neither 0 nor 1: the run would be "
+            "distributed, as with 1 [cmx-mode]\n"
             "    2 | IDTaskMode = 2\n"
             "      |              ^ help: 0 is this machine, 1 is several\n");
 }
@@ -128,11 +129,11 @@ TEST(CmxValues, AnEmptyTaskMode) {
 }
 
 TEST(CmxValues, ALocalTaskCountWithALeadingZero) {
-  EXPECT_EQ(
-      Found(Local("ValueLocalNoTask = 1", "ValueLocalNoTask = 01")),
-      "Sample03.cmx:4:20: warning: ValueLocalNoTask is 01, no plain number above 0 [cmx-number]\n"
-      "    4 | ValueLocalNoTask = 01\n"
-      "      |                    ^~ help: the value is written 1\n");
+  EXPECT_EQ(Found(Local("ValueLocalNoTask = 1", "ValueLocalNoTask = 01")),
+            "Sample03.cmx:4:20: warning: ValueLocalNoTask is 01, no plain number above 0: the "
+            "launcher would not read 1 and run shared-memory parallel [cmx-number]\n"
+            "    4 | ValueLocalNoTask = 01\n"
+            "      |                    ^~ help: the value is written 1\n");
 }
 
 TEST(CmxValues, NoTasks) {
@@ -183,12 +184,12 @@ TEST(CmxValues, SeveralTasksInASerialRunAreANote) {
 }
 
 TEST(CmxValues, ACoolingFlagOfTwo) {
-  EXPECT_EQ(
-      Found(Local() + "<SOLID_COOL>\nFlag3DSolidCoolingChannel = 2\n</SOLID_COOL>\n",
-            SolverClass::Cool),
-      "Sample03.cmx:7:29: warning: Flag3DSolidCoolingChannel is 2, neither 0 nor 1 [cmx-number]\n"
-      "    7 | Flag3DSolidCoolingChannel = 2\n"
-      "      |                             ^ help: the value is 0 or 1\n");
+  EXPECT_EQ(Found(Local() + "<SOLID_COOL>\nFlag3DSolidCoolingChannel = 2\n</SOLID_COOL>\n",
+                  SolverClass::Cool),
+            "Sample03.cmx:7:29: warning: Flag3DSolidCoolingChannel is 2, neither 0 nor 1: the flow "
+            "solver would not run first [cmx-number]\n"
+            "    7 | Flag3DSolidCoolingChannel = 2\n"
+            "      |                             ^ help: the value is 0 or 1\n");
 }
 
 TEST(CmxValues, ACoolingFlagWithBlanksIsInOrder) {
@@ -205,7 +206,8 @@ TEST(CmxValues, APreviousShotThatIsNoNumber) {
                             "ValueShotProjectName = First\n"
                             "</SOLID_MCM>\n",
                   SolverClass::Warp),
-            "Sample03.cmx:8:18: warning: ValueShotRunID is first, no number [cmx-number]\n"
+            "Sample03.cmx:8:18: warning: ValueShotRunID is first, no number: the launcher would "
+            "read it as 0 [cmx-number]\n"
             "    8 | ValueShotRunID = first\n"
             "      |                  ^~~~~ help: the value is a plain decimal number\n");
 }

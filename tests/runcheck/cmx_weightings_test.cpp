@@ -19,8 +19,8 @@ TEST(CmxWeightings, FewerWeightingsThanCounted) {
 
 TEST(CmxWeightings, MoreWeightingsThanCounted) {
   EXPECT_EQ(Found(Distributed("</REMOTE_MACHINES>", "3 = 0.1\n</REMOTE_MACHINES>")),
-            "Sample03.cmx:15:1: warning: ValueNoMachine is 2 and the weighting block has 3 lines "
-            "[weighting-count]\n"
+            "Sample03.cmx:15:1: warning: ValueNoMachine is 2 and the weighting block has 3 lines: "
+            "the launcher would drop 1 line of it [weighting-count]\n"
             "   15 | 3 = 0.1\n"
             "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
@@ -28,8 +28,8 @@ TEST(CmxWeightings, MoreWeightingsThanCounted) {
 TEST(CmxWeightings, AWeightingTooManyHasNoSum) {
   EXPECT_EQ(
       Found(Changed(Distributed("ValueNoMachine = 2", "ValueNoMachine = 1"), "2 = NODE2\t1\n", "")),
-      "Sample03.cmx:13:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines "
-      "[weighting-count]\n"
+      "Sample03.cmx:13:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines: the "
+      "launcher would drop 1 line of it [weighting-count]\n"
       "   13 | 2 = 0.4\n"
       "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
 }
@@ -37,45 +37,52 @@ TEST(CmxWeightings, AWeightingTooManyHasNoSum) {
 TEST(CmxWeightings, AMissingWeightingBlock) {
   EXPECT_EQ(Found(Changed(Distributed(kWeightingBlock, ""), "ValueMachineSetting = host, tasks",
                           "ValueMachineSetting")),
-            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting: all weights would "
+            "be 0 [weighting-count]\n"
             "    5 | ValueNoMachine = 2\n"
             "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
 }
 
 TEST(CmxWeightings, AMissingWeightingBlockBesideAMachineBlockWithAnEqualsSign) {
   EXPECT_EQ(Found(Distributed(kWeightingBlock, "")),
-            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting [weighting-count]\n"
+            "Sample03.cmx:5:18: warning: there is no line ValueMachineWeighting: all weights would "
+            "be 0 [weighting-count]\n"
             "    5 | ValueNoMachine = 2\n"
             "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
 }
 
 TEST(CmxWeightings, ADecimalComma) {
   EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = 0,6")),
-            "Sample03.cmx:13:5: warning: 0,6 is no weighting [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: 0,6 is no weighting: the launcher would read it as 0 "
+            "[weighting-value]\n"
             "   13 | 1 = 0,6\n"
             "      |     ^~~ help: the decimal point is written 0.6\n");
 }
 
 TEST(CmxWeightings, AWeightingThatIsAWord) {
   EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = much")),
-            "Sample03.cmx:13:5: warning: much is no weighting [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: much is no weighting: the launcher would read it as 0 "
+            "[weighting-value]\n"
             "   13 | 1 = much\n"
             "      |     ^~~~ help: a weighting is a number such as 0.6\n");
 }
 
 TEST(CmxWeightings, AWeightingOfZero) {
   EXPECT_EQ(Found(Distributed("1 = 0.6\n2 = 0.4", "1 = 0\n2 = 1")),
-            "Sample03.cmx:13:5: warning: the weighting is 0 [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: the weighting is 0: the solver would get the weight 0 for "
+            "each process of this machine [weighting-value]\n"
             "   13 | 1 = 0\n"
             "      |     ^ help: a weighting is a number such as 0.6\n");
 }
 
 TEST(CmxWeightings, EachWeightingThatIsNoneIsSaid) {
   EXPECT_EQ(Found(Distributed("1 = 0.6\n2 = 0.4", "1 = much\n2 = 0")),
-            "Sample03.cmx:13:5: warning: much is no weighting [weighting-value]\n"
+            "Sample03.cmx:13:5: warning: much is no weighting: the launcher would read it as 0 "
+            "[weighting-value]\n"
             "   13 | 1 = much\n"
             "      |     ^~~~ help: a weighting is a number such as 0.6\n"
-            "Sample03.cmx:14:5: warning: the weighting is 0 [weighting-value]\n"
+            "Sample03.cmx:14:5: warning: the weighting is 0: the solver would get the weight 0 for "
+            "each process of this machine [weighting-value]\n"
             "   14 | 2 = 0\n"
             "      |     ^ help: a weighting is a number such as 0.6\n");
 }

@@ -88,7 +88,7 @@ TEST_F(RunCheckPlaces, AMissingRunFolder) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*07"),
             "error: the run folder <site>\\Work\\Sample\\Analysis\\Run07 does not exist: the run "
             "would lose its log [run-folder]\n"
-            "    help: the run folder is Analysis\\Run and the run number\n"
+            "    help: Analysis holds Run01\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }
@@ -137,21 +137,22 @@ TEST_F(RunCheckPlaces, AMissingCmxFileOfASolverThatReadsNone) {
   site.Remove("Work\\Sample\\Analysis\\Run01\\Sample01.cmx");
   EXPECT_EQ(FindingsFor(kTokens, "QvxOptics.exe"),
             "warning: the CMX file <site>\\Work\\Sample\\Analysis\\Run01\\Sample01.cmx does not "
-            "exist [cmx-file]\n"
+            "exist: the solver would not find it [cmx-file]\n"
             "    help: it is the project name, the run number and .cmx in the run folder\n"
             "\n"
             "1 warning: this run would start.\n");
 }
 
 TEST_F(RunCheckPlaces, AMisspeltSolver) {
-  EXPECT_EQ(FindingsFor(kTokens, "Qvx3DFlwo.exe"),
-            "warning: no rule fits the solver's name Qvx3DFlwo.exe [solver-name]\n"
-            "    help: a solver's name tells its family\n"
-            "error: the solver <site>\\Home\\Bin\\Qvx3DFlwo.exe does not exist: the launcher would "
-            "stop with -1 [solver-file]\n"
-            "    help: Bin holds Qvx3DFlow.exe\n"
-            "\n"
-            "1 error, 1 warning: this run would not start.\n");
+  EXPECT_EQ(
+      FindingsFor(kTokens, "Qvx3DFlwo.exe"),
+      "warning: no rule fits the solver's name Qvx3DFlwo.exe, which runs as FLOW [solver-name]\n"
+      "    help: a solver's name tells its family\n"
+      "error: the solver <site>\\Home\\Bin\\Qvx3DFlwo.exe does not exist: the launcher would stop "
+      "with -1 [solver-file]\n"
+      "    help: Bin holds Qvx3DFlow.exe\n"
+      "\n"
+      "1 error, 1 warning: this run would not start.\n");
 }
 
 TEST_F(RunCheckPlaces, ASolverWithoutItsExtensionIsInOrder) {

@@ -93,8 +93,8 @@ TEST_F(RunCheckShares, AProjectIniThatNamesAPath) {
   site.Write("Home\\Bin\\QVXProject.ini",
              "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=C:\\Home\r\n");
   EXPECT_EQ(Findings(),
-            "error: QVX_PARALLEL_FOLDER_NAME is C:\\Home, no share's name: the run would go to a "
-            "share without a name [project-ini]\n"
+            "error: QVX_PARALLEL_FOLDER_NAME is C:\\Home, no share's name: the run would look "
+            "for the installation in \\\\NODE1\\C:\\Home [project-ini]\n"
             "    help: it is the share's name, without backslashes around it\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
@@ -196,8 +196,8 @@ TEST_F(RunCheckShares, AWorkingFolderThatEndsWithinAName) {
 
 TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginning) {
   EXPECT_EQ(FoundWith("<site>\\WORK", "Work"),
-            "Sample01.cmx:8:28: warning: Work is not where the project directory begins "
-            "[working-folder]\n"
+            "Sample01.cmx:8:28: warning: Work is not where the project directory begins: the "
+            "launcher would cut the project directory at the first place [working-folder]\n"
             "    8 | ValueParallelWorkingFolder=Work\n"
             "      |                            ^~ help: it is the shared folder above the "
             "project, without a backslash at its end\n"

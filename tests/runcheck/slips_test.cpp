@@ -81,8 +81,8 @@ TEST_F(RunCheckSlips, TheMissingTokenIsNamedAsFarAsItCanBeTold) {
 TEST_F(RunCheckSlips, AQuotationMarkInANameThatNothingIsReadBy) {
   site.InstallSolver("QvxOptics.exe");
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*My \"part\"*3*01", "QvxOptics.exe"),
-            "warning: <site>\\Home*<site>\\Work\\Sample*My \"part\"*3*01 holds a quotation mark "
-            "[call-quotation-mark]\n"
+            "warning: <site>\\Home*<site>\\Work\\Sample*My \"part\"*3*01 holds a quotation mark: "
+            "the launcher would hand it on as it stands [call-quotation-mark]\n"
             "    help: a backslash before a closing quotation mark is left out\n"
             "\n"
             "1 warning: this run would start.\n");
@@ -99,7 +99,8 @@ TEST_F(RunCheckSlips, AQuotationMarkInTheNameOfACmxFile) {
 
 TEST_F(RunCheckSlips, AQuotationMarkInTheFirstArgument) {
   EXPECT_EQ(Findings({"\"L\"$1", kTokens, kFlow}),
-            "warning: \"L\"$1 holds a quotation mark [call-quotation-mark]\n"
+            "warning: \"L\"$1 holds a quotation mark: the launcher would hand it on as it stands "
+            "[call-quotation-mark]\n"
             "    help: a backslash before a closing quotation mark is left out\n"
             "\n"
             "1 warning: this run would start.\n");
@@ -108,7 +109,8 @@ TEST_F(RunCheckSlips, AQuotationMarkInTheFirstArgument) {
 TEST_F(RunCheckSlips, AnOptionThatIsAPathMovesNothing) {
   EXPECT_EQ(
       FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*C:\\x*01"),
-      "warning: the option is C:\\x, a path [call-token-order]\n"
+      "warning: the option is C:\\x, a path: the launcher would hand it on as it stands "
+      "[call-token-order]\n"
       "    help: the order is home folder, project directory, project name, option, run number\n"
       "\n"
       "1 warning: this run would start.\n");

@@ -156,9 +156,8 @@ TEST_F(StartLauncher, SaysWhatIsWrongWithItsCallAndStartsNothing) {
       {{"--run", "01", "--solver", "Qvx3DFlow.exe"}, "--project is missing"},
       {{"--project", "C:\\P", "--solver", "Qvx3DFlow.exe"}, "--run is missing"},
       {{"--project", "C:\\P", "--run", "01"}, "--solver is missing"},
-      {{"--solvr", "Qvx3DFlow.exe"},
-       "the following arguments were not expected: Qvx3DFlow.exe --solvr"},
-      {{"lonely"}, "the following argument was not expected: lonely"},
+      {{"--solvr", "Qvx3DFlow.exe"}, "--solvr is no option"},
+      {{"lonely"}, "lonely belongs to no option; a text with blanks stands in quotation marks"},
   };
   for (const auto& [arguments, what] : calls) {
     Start(arguments);
