@@ -54,6 +54,8 @@ TEST(SplitKeyValue, RefusesKeyAndValueOf260Characters) {
                "ERROR: CMX key is too long: width 260, length 260");
   EXPECT_FAULT(Split(("k=" + longest + "v").c_str(), '='),
                "ERROR: CMX value is too long: width 260, length 260");
+  EXPECT_FAULT(Split((longest + "k=" + longest + "v").c_str(), '='),
+               "ERROR: CMX key is too long: width 260, length 260");
   EXPECT_FAULT(Split((longest + "k").c_str(), '='),
                "ERROR: CMX key is too long: width 260, length 260");
 }

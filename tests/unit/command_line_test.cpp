@@ -149,9 +149,15 @@ TEST(SolverExecutable, IsTheTokenListWhenThereAreTwoArguments) {
 
 // The entry sequence lets no call of fewer arguments through; the stand-in is kept all the same.
 TEST(SolverExecutable, IsTheStandInWhenThereIsNone) {
-  const Interpreted result = Interpret({"L$1"});
+  const Interpreted result = Interpret({"L$1"}, true);
   EXPECT_EQ(result.printed,
-            "SolverExe is not specified! Use QuorvexFakeSolver.exe as the solver.\n");
+            "argv[0]=[L$1]\n"
+            "\n"
+            "$ symbol is at position(1) of argv[0]\n"
+            "szMoldingType from argv[0] = 1\n"
+            "MoldingType from argv[0]   = 1\n"
+            "SolverExe is not specified! Use QuorvexFakeSolver.exe as the solver.\n"
+            "SolverClass=FLOW\n");
   EXPECT_STREQ(result.context->solverExecutableName, "QuorvexFakeSolver.exe");
   EXPECT_EQ(result.context->solverClass, SolverClass::Flow);
   EXPECT_STREQ(result.context->homeFolder, "");

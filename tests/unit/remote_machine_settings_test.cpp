@@ -59,6 +59,9 @@ TEST(RemoteMachineSettings, TakeTheLocalHostAsStorageNodeWhenThereIsNone) {
   RemoteMachineSettings record;
   ReadFile("<REMOTE_MACHINES>\nValueLocalHost=me\n</REMOTE_MACHINES>\n", record);
   EXPECT_STREQ(record.ValueStorageNode, "me");
+  RemoteMachineSettings both;
+  ReadFile("<REMOTE_MACHINES>\nValueLocalHost=me\nValueStorageNode=N\n</REMOTE_MACHINES>\n", both);
+  EXPECT_STREQ(both.ValueStorageNode, "N");
   RemoteMachineSettings neither;
   ReadFile("", neither);
   EXPECT_STREQ(neither.ValueStorageNode, "");
