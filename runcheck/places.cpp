@@ -164,7 +164,8 @@ bool CheckRunFolder(const CallFacts& call, const RunPlaces& places, Diagnostics&
   }
   if (!MayWriteInto(places.runFolder)) {
     found.push_back(
-        Diagnostic("run-folder", "the run folder " + places.runFolder + " cannot be written to"));
+        Diagnostic("run-folder", "the run folder " + places.runFolder + " cannot be written to")
+            .Help("its rights keep this user from writing there"));
   }
   return true;
 }

@@ -3,7 +3,7 @@
 # The whole check inside a test: everything of the program but its main file.
 get_target_property(libraries QVXRunCheck LINK_LIBRARIES)
 add_executable(truth_tests $<TARGET_OBJECTS:runcheck_program> ../soak/random_run.cpp
-  truth_random_test.cpp truth_silent_test.cpp)
+  truth_denied_test.cpp truth_random_test.cpp truth_silent_test.cpp)
 target_link_libraries(truth_tests PRIVATE planned_runs plain_run ${libraries})
 add_dependencies(truth_tests QVXRunCheck)
 add_test(NAME truth_tests COMMAND truth_tests)
