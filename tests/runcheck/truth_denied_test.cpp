@@ -1,5 +1,5 @@
-// A run folder that its user may not write to. An administrator may write everywhere, so the answer of
-// the system is given here.
+// A run folder that its user may not write to. An administrator may write everywhere, so the answer
+// of the system is given here.
 #include <gtest/gtest.h>
 #include <windows.h>
 
