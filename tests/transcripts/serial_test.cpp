@@ -54,7 +54,7 @@ TEST(Transcript, OfAnExitCodeThatLooksAlive) {
 
 TEST(Transcript, OfWritesThatTakePieces) {
   Scenario scenario = SerialRun();
-  scenario.shortWrites = {{{"WriteFile", 1}, 10}, {{"WriteFile", 3}, 5}, {{"WriteFile", 5}, 0}};
+  scenario.shortWrites = {{{"WriteFile", 1}, 10}, {{"WriteFile", 3}, 1}, {{"WriteFile", 5}, 0}};
   ExpectTranscript("serial-writes-in-pieces", scenario);
 }
 
