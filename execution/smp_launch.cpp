@@ -10,7 +10,7 @@
 namespace qvx {
 namespace {
 
-/// What the MPI process launcher prints when its process manager does not run.
+/// What the MPI process launcher prints when its process manager is not installed.
 constexpr std::string_view kNoProcessManagerSign = "Unknown option: -d";
 
 constexpr const char* kStartProcessManagerAdvice =

@@ -5,7 +5,7 @@
 
 namespace qvx {
 
-/// Exit code that the MPI process launcher is ended with when its process manager does not run.
+/// Exit code that the MPI process launcher is ended with when its process manager is not installed.
 constexpr int kNoProcessManagerStatus = -7000;
 
 /// Returns the MPI process launcher's exit code, or -1 when it could not be started.

@@ -13,14 +13,15 @@ bool IsBlank(char character) { return character == ' ' || character == '\t'; }
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
-/// Looks at the beginning alone, like `std::strtol`, which reads the number.
-bool IsNumber(std::string_view text) {
-  if (text.starts_with('-')) text.remove_prefix(1);
-  return !text.empty() && IsDigit(text.front());
-}
-
 void SkipBlanks(std::string_view& text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+}
+
+/// Looks at the beginning alone, like `std::strtol`, which reads the number.
+bool IsNumber(std::string_view text) {
+  SkipBlanks(text);
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  return !text.empty() && IsDigit(text.front());
 }
 
 /// Unlike in all other tokens, a backslash before a quote means nothing in the first.

@@ -1,5 +1,5 @@
-// Two hundred whole runs with random settings, side by side. QVX_SOAK_RUN=N carries out the run of
-// that number alone, QVX_SOAK_SEED another two hundred.
+// Five hundred whole runs with random settings, side by side. QVX_SOAK_RUN=N carries out the run of
+// that number alone, QVX_SOAK_SEED another five hundred.
 #include <string>
 
 #include "tests/soak/random_run.h"

@@ -58,6 +58,7 @@ TEST_F(ConformalCooling, IsNotSetWhenTheFileIsMissing) {
   EXPECT_EQ(context.conformalCoolingFlag, 0);
 }
 
+// The run preparation asks for COOL alone. The answers for the others are kept all the same.
 TEST_F(ConformalCooling, IsNotEvenReadForClassesThatAlwaysRunSerially) {
   CopyText(context.cmxPath, "", "missing.cmx");
   for (std::uint32_t number = 5; number <= 12; ++number) {

@@ -89,6 +89,8 @@ TEST(ImpiexecCommandLine, GivesAHostWithoutACountOneProcess) {
 
 TEST(ImpiexecCommandLine, ReadsCountsUpToWhereTheyAreNoNumbers) {
   EXPECT_EQ(ParsedGroup("-n 2x p").hosts, (Hosts{{"", 2}}));
+  EXPECT_EQ(ParsedGroup("-n +2 p").hosts, (Hosts{{"", 2}}));
+  EXPECT_EQ(ParsedGroup("-hosts \" 1\" a +3 p").hosts, (Hosts{{"a", 3}}));
   EXPECT_EQ(ParsedGroup("-hosts 2x a 3y b p").hosts, (Hosts{{"a", 3}, {"b", 1}}));
 }
 
