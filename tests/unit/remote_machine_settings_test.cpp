@@ -185,6 +185,8 @@ TEST(MachineList, RefusesTextsOf32Characters) {
             "[0]" + longest + "\t:" + longest + "\t\n");
   EXPECT_FAULT(MachinesOf(start + longest + "x\t1\n"),
                "ERROR: machine host name is too long: width 32, length 32");
+  EXPECT_FAULT(MachinesOf(start + longest + "x\t" + longest + "x\n"),
+               "ERROR: machine host name is too long: width 32, length 32");
   EXPECT_FAULT(MachinesOf(start + "a\t" + longest + "x\n"),
                "ERROR: machine task count is too long: width 32, length 32");
   EXPECT_FAULT(MachinesOf("ValueNoMachine=1\nValueMachineWeighting\n1=" + longest + "x\n"),
