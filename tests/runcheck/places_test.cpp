@@ -59,17 +59,28 @@ TEST_F(RunCheckPlaces, AHomeFolderWithABackslashBehindIt) {
 
 TEST_F(RunCheckPlaces, AMissingProjectDirectory) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Other*Sample*0*01"),
-            "error: the project directory <site>\\Work\\Other does not exist: the run would lose "
-            "its log [project-folder]\n"
+            "error: the project directory <site>\\Work\\Other does not exist: without its CMX file "
+            "the run would be distributed and lose its log [project-folder]\n"
             "    help: the project directory is the one that holds Analysis\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }
 
+TEST_F(RunCheckPlaces, AMisspeltProjectDirectoryWithSlashes) {
+  const std::string folder = Replaced(site.Path("Work"), "\\", "/");
+  EXPECT_EQ(
+      Replaced(FindingsFor("<site>\\Home*" + folder + "/Sampel*Sample*0*01"), folder, "<work>"),
+      "error: the project directory <work>/Sampel does not exist: without its CMX file the run "
+      "would be distributed and lose its log [project-folder]\n"
+      "    help: there is a folder <work>/Sample\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
+}
+
 TEST_F(RunCheckPlaces, AProjectDirectoryThatIsItsAnalysis) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis*Sample*0*01"),
             "error: the project directory <site>\\Work\\Sample\\Analysis holds no folder Analysis: "
-            "the run would lose its log [project-folder]\n"
+            "without its CMX file the run would be distributed and lose its log [project-folder]\n"
             "    help: it is written <site>\\Work\\Sample\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
@@ -77,7 +88,8 @@ TEST_F(RunCheckPlaces, AProjectDirectoryThatIsItsAnalysis) {
 
 TEST_F(RunCheckPlaces, ARunNumberWithoutItsZero) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*1"),
-            "error: the run folder Run1 does not exist and Run01 does: the run would lose its log "
+            "error: the run folder Run1 does not exist and Run01 does: without its CMX file the "
+            "run would be distributed and lose its log "
             "[run-number]\n"
             "    help: the run number is written 01\n"
             "\n"
@@ -86,6 +98,16 @@ TEST_F(RunCheckPlaces, ARunNumberWithoutItsZero) {
 
 TEST_F(RunCheckPlaces, AMissingRunFolder) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*07"),
+            "error: the run folder <site>\\Work\\Sample\\Analysis\\Run07 does not exist: without "
+            "its CMX file the run would be distributed and lose its log [run-folder]\n"
+            "    help: Analysis holds Run01\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckPlaces, AMissingRunFolderOfASolverThatReadsNoCmxFile) {
+  site.InstallSolver("QvxOptics.exe");
+  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*07", "QvxOptics.exe"),
             "error: the run folder <site>\\Work\\Sample\\Analysis\\Run07 does not exist: the run "
             "would lose its log [run-folder]\n"
             "    help: Analysis holds Run01\n"
@@ -96,8 +118,8 @@ TEST_F(RunCheckPlaces, AMissingRunFolder) {
 TEST_F(RunCheckPlaces, ARunFolderThatIsAFile) {
   site.Write("Work\\Sample\\Analysis\\Run02", "");
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*02"),
-            "error: the run folder <site>\\Work\\Sample\\Analysis\\Run02 is a file: the run would "
-            "lose its log [run-folder]\n"
+            "error: the run folder <site>\\Work\\Sample\\Analysis\\Run02 is a file: without its "
+            "CMX file the run would be distributed and lose its log [run-folder]\n"
             "    help: the run folder is Analysis\\Run and the run number\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
@@ -240,10 +262,16 @@ TEST_F(RunCheckPlaces, ALogOfAnotherModeStays) {
 }
 
 TEST_F(RunCheckPlaces, NoKeyForTheMpiInstallation) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  // As many tasks as every machine has processors for.
+  site.WriteCmx(
+      "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueNoTask=1\r\nValueLocalNoTask=2\r\n</"
+      "TASKMANAGER>\r\n");
   mpiPath.Remove();
   EXPECT_EQ(
       Findings(),
+      "Sample01.cmx:3:13: note: ValueNoTask is 1 and ValueLocalNoTask is 2 [tasks-differ]\n"
+      "    3 | ValueNoTask=1\n"
+      "      |             ^ help: ValueNoTask holds the number of tasks too\n"
       "error: the registry holds no value IntelMPI_InstallPath in "
       "HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem: the launcher would stop with -1 [mpi-path]\n"
       "    help: IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, "
@@ -253,7 +281,7 @@ TEST_F(RunCheckPlaces, NoKeyForTheMpiInstallation) {
 }
 
 TEST_F(RunCheckPlaces, QuotationMarksInTheRegistry) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set("\"" + site.Path("Mpi") + "\"");
   EXPECT_EQ(Findings(),
             "error: IntelMPI_InstallPath holds quotation marks, \"<site>\\Mpi\": the launcher "
@@ -264,7 +292,7 @@ TEST_F(RunCheckPlaces, QuotationMarksInTheRegistry) {
 }
 
 TEST_F(RunCheckPlaces, AFileForAFolderInTheRegistry) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Mpi\\impiexec.exe"));
   EXPECT_EQ(Findings(),
             "error: IntelMPI_InstallPath is a file, <site>\\Mpi\\impiexec.exe: the launcher would "
@@ -275,7 +303,7 @@ TEST_F(RunCheckPlaces, AFileForAFolderInTheRegistry) {
 }
 
 TEST_F(RunCheckPlaces, AFolderWithoutImpiexecInTheRegistry) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Home"));
   EXPECT_EQ(Findings(),
             "error: <site>\\Home\\impiexec.exe does not exist: the launcher would stop with -1 "
@@ -286,7 +314,7 @@ TEST_F(RunCheckPlaces, AFolderWithoutImpiexecInTheRegistry) {
 }
 
 TEST_F(RunCheckPlaces, ASubfolderHoldsImpiexec) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   site.Write("Mpi2\\bin\\impiexec.exe", "");
   mpiPath.Set(site.Path("Mpi2"));
   EXPECT_EQ(Findings(),
@@ -298,7 +326,7 @@ TEST_F(RunCheckPlaces, ASubfolderHoldsImpiexec) {
 }
 
 TEST_F(RunCheckPlaces, ABackslashBehindTheMpiFolderIsInOrder) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Mpi") + "\\");
   EXPECT_EQ(Findings(), kInOrder);
 }
@@ -366,14 +394,15 @@ TEST_F(RunCheckPlaces, TheDebugTraceIsOn) {
 TEST_F(RunCheckPlaces, AProjectDirectoryThatIsItsRunFolder) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis\\Run01*Sample*0*01"),
             "error: the project directory <site>\\Work\\Sample\\Analysis\\Run01 holds no folder "
-            "Analysis: the run would lose its log [project-folder]\n"
+            "Analysis: without its CMX file the run would be distributed and lose its log "
+            "[project-folder]\n"
             "    help: it is written <site>\\Work\\Sample\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckPlaces, ABlankBehindTheMpiFolder) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Mpi") + " ");
   EXPECT_EQ(
       Findings(),
