@@ -144,6 +144,14 @@ TEST(CmxMachines, AMachineWithoutTasks) {
       "      |     ^~~~~~~ help: tasks are a number of 1 or more\n");
 }
 
+TEST(CmxMachines, NoHost) {
+  EXPECT_EQ(Found(Distributed("1 = NODE1\t2", "1 = \t2")),
+            "Sample03.cmx:10:5: error: the host name is empty: the MPI process launcher would ask "
+            "for another machine [machine-host]\n"
+            "   10 | 1 = \t2\n"
+            "      |     ^~ help: a host name stands alone, without backslashes and blanks\n");
+}
+
 TEST(CmxMachines, TasksThatAreAWord) {
   EXPECT_EQ(Found(Distributed("2 = NODE2\t1", "2 = NODE2\tall")),
             "Sample03.cmx:11:5: error: the tasks of NODE2 are all, no number above 0: no process "

@@ -60,6 +60,14 @@ TEST(CmxWeightings, ADecimalComma) {
             "      |     ^~~ help: the decimal point is written 0.6\n");
 }
 
+TEST(CmxWeightings, AnEmptyWeighting) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = ")),
+            "Sample03.cmx:13:5: warning: the weighting is empty: the launcher would read it as 0 "
+            "[weighting-value]\n"
+            "   13 | 1 = \n"
+            "      |     ^ help: a weighting is a number such as 0.6\n");
+}
+
 TEST(CmxWeightings, AWeightingThatIsAWord) {
   EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = much")),
             "Sample03.cmx:13:5: warning: much is no weighting: the launcher would read it as 0 "

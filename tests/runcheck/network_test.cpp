@@ -88,5 +88,28 @@ TEST_F(RunCheckNetwork, ASharedSolverThatIsNotThere) {
                                           "the machines would not start it"));
 }
 
+TEST_F(RunCheckNetwork, AKnownHostsAddressStandsInJson) {
+  site.WriteCmx(localFile);
+  const std::string text = Ask({"--timeout", "20", "--json", "--", "L$1", kTokens, kFlow});
+  const std::string machines = text.substr(
+      text.find("  \"machines\""), text.find("  \"reasons\"") - text.find("  \"machines\""));
+  const bool isOfFour = machines.find("\"::1\"") == std::string::npos;
+  EXPECT_EQ(Replaced(machines, isOfFour ? "\"127.0.0.1\"" : "\"::1\"", "<loopback>"),
+            "  \"machines\": [\n"
+            "    {\n"
+            "      \"host\": \"localhost\",\n"
+            "      \"tasks\": 2,\n"
+            "      \"weighting\": 0.6,\n"
+            "      \"address\": <loopback>\n"
+            "    },\n"
+            "    {\n"
+            "      \"host\": \"no-such-host.invalid\",\n"
+            "      \"tasks\": 1,\n"
+            "      \"weighting\": 0.4,\n"
+            "      \"address\": null\n"
+            "    }\n"
+            "  ],\n");
+}
+
 }  // namespace
 }  // namespace qvx::test

@@ -1,4 +1,7 @@
 // What lies on this machine: a mistake that the check finds, message by message, and near misses.
+#include <windows.h>
+
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -15,6 +18,27 @@ std::string Processors(const std::string& text) {
   return Replaced(text, std::to_string(std::thread::hardware_concurrency()) + " processors",
                   "<n> processors");
 }
+
+constexpr const char* kMpiKey = "SOFTWARE\\NelvornSystem";
+constexpr const char* kMpiValue = "IntelMPI_InstallPath";
+
+/// The value, where the launcher does not look for it.
+class MisplacedMpiPath {
+ public:
+  MisplacedMpiPath(HKEY root, REGSAM view) {
+    RegCreateKeyExA(root, kMpiKey, 0, nullptr, 0, KEY_WRITE | view, nullptr, &key_, nullptr);
+    RegSetValueExA(key_, kMpiValue, 0, REG_SZ, reinterpret_cast<const BYTE*>("C:"), 3);
+  }
+  ~MisplacedMpiPath() {
+    RegDeleteValueA(key_, kMpiValue);
+    RegCloseKey(key_);
+  }
+  MisplacedMpiPath(const MisplacedMpiPath&) = delete;
+  MisplacedMpiPath& operator=(const MisplacedMpiPath&) = delete;
+
+ private:
+  HKEY key_ = nullptr;
+};
 
 TEST_F(RunCheckPlaces, ARelativeHomeFolder) {
   EXPECT_EQ(FindingsFor("Home*<site>\\Work\\Sample*Sample*0*01"),
@@ -256,6 +280,18 @@ TEST_F(RunCheckPlaces, AnEarlierLogIsInOrder) {
   EXPECT_EQ(Findings(), kInOrder);
 }
 
+TEST_F(RunCheckPlaces, AReadOnlyLogIsNotDeleted) {
+  const std::string log =
+      "Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt";
+  site.Write(log, "");
+  const std::string deleted = Answer({"--", "L$1", kTokens, kFlow});
+  EXPECT_NE(deleted.find("  deletes       1 earlier log in"), std::string::npos) << deleted;
+  SetFileAttributesA(site.Path(log).c_str(), FILE_ATTRIBUTE_READONLY);
+  const std::string kept = Answer({"--", "L$1", kTokens, kFlow});
+  SetFileAttributesA(site.Path(log).c_str(), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_EQ(kept.find("  deletes"), std::string::npos) << kept;
+}
+
 TEST_F(RunCheckPlaces, ALogOfAnotherModeStays) {
   site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_smp_Flow_notes.txt", "");
   EXPECT_EQ(Findings(), kInOrder);
@@ -278,6 +314,68 @@ TEST_F(RunCheckPlaces, NoKeyForTheMpiInstallation) {
       "the folder of impiexec.exe\n"
       "\n"
       "1 error: this run would not start.\n");
+}
+
+class RunCheckRegistry : public RunCheckTest {
+ protected:
+  RunCheckRegistry() { site.WriteCmx(kDmpCmx); }
+
+  static std::string Wrong(const std::string& summary, const std::string& help = kIsAText) {
+    return "error: " + summary + ": the launcher would stop with -1 [mpi-path]\n    help: " + help +
+           "\n\n1 error: this run would not start.\n";
+  }
+
+  static constexpr const char* kIsAText =
+      "IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, the folder "
+      "of "
+      "impiexec.exe";
+  static constexpr const char* kNoValue =
+      "the registry holds no value IntelMPI_InstallPath in "
+      "HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem";
+};
+
+TEST_F(RunCheckRegistry, AValueThatIsANumber) {
+  const DWORD number = 1;
+  RegSetKeyValueA(HKEY_LOCAL_MACHINE, kMpiKey, kMpiValue, REG_DWORD, &number, sizeof number);
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is no plain text (REG_SZ)"));
+}
+
+TEST_F(RunCheckRegistry, AValueWithAVariable) {
+  constexpr std::string_view kPath("%ProgramFiles%\\Mpi\0", 19);
+  RegSetKeyValueA(HKEY_LOCAL_MACHINE, kMpiKey, kMpiValue, REG_EXPAND_SZ, kPath.data(),
+                  static_cast<DWORD>(kPath.size()));
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is no plain text (REG_SZ)"));
+}
+
+TEST_F(RunCheckRegistry, NoKey) {
+  mpiPath.RemoveKey();
+  EXPECT_EQ(Findings(),
+            Wrong("the registry holds no key HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem"));
+}
+
+TEST_F(RunCheckRegistry, AnEmptyValue) {
+  mpiPath.Set("");
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is empty"));
+}
+
+TEST_F(RunCheckRegistry, ARelativeFolder) {
+  mpiPath.Set("Mpi");
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is relative, Mpi"));
+}
+
+TEST_F(RunCheckRegistry, AValueOf32BitPrograms) {
+  mpiPath.Remove();
+  const MisplacedMpiPath misplaced(HKEY_LOCAL_MACHINE, KEY_WOW64_32KEY);
+  EXPECT_EQ(Findings(),
+            Wrong(kNoValue, "the value stands in the registry of 32-bit programs (WOW6432Node)"));
+}
+
+TEST_F(RunCheckRegistry, AValueOfTheUser) {
+  mpiPath.Remove();
+  const MisplacedMpiPath misplaced(HKEY_CURRENT_USER, 0);
+  EXPECT_EQ(
+      Findings(),
+      Wrong(kNoValue, "the value stands in HKEY_CURRENT_USER and belongs into HKEY_LOCAL_MACHINE"));
 }
 
 TEST_F(RunCheckPlaces, QuotationMarksInTheRegistry) {
@@ -367,6 +465,17 @@ TEST_F(RunCheckPlaces, APreviousShotThatIsNotThere) {
                 "\\Shot\r\n</SOLID_MCM>\r\n");
   EXPECT_EQ(FindingsFor(kTokens, "Qvx3DWarp.exe"),
             "note: the previous shot's project <site>\\Shot does not exist [previous-shot]\n"
+            "    help: ValueShotProjectPath is the folder of the previous shot's project\n"
+            "\n"
+            "Nothing stands in the way of this run.\n");
+}
+
+TEST_F(RunCheckPlaces, APreviousShotWithoutItsProject) {
+  site.InstallSolver("Qvx3DWarp.exe");
+  site.WriteCmx(std::string(kSerialCmx) +
+                "<SOLID_MCM>\r\nFlagPrevShot=1\r\nValueShotRunID=1\r\n</SOLID_MCM>\r\n");
+  EXPECT_EQ(FindingsFor(kTokens, "Qvx3DWarp.exe"),
+            "note: FlagPrevShot is set and ValueShotProjectPath is empty [previous-shot]\n"
             "    help: ValueShotProjectPath is the folder of the previous shot's project\n"
             "\n"
             "Nothing stands in the way of this run.\n");
