@@ -77,7 +77,18 @@ TEST_F(RunCheckLibraries, OneWithoutAFunctionIsNamed) {
   site.Remove("Program\\QVXMPITool.dll");
   std::filesystem::copy_file(site.Path("Program\\QVXUnicodeTool.dll"),
                              site.Path("Program\\QVXMPITool.dll"));
-  EXPECT_EQ(Diagnostics(), "");
+  std::string text = Diagnostics();
+  // Each compiler writes it in its own way.
+  const std::size_t name = text.find("no function ") + 12;
+  text.replace(name, text.find(':', name) - name, "<function>");
+  EXPECT_EQ(text,
+            "Run 01 of <site>\\Work\\Sample: FLOW\n"
+            "\n"
+            "error: QVXMPITool.dll has no function <function>: the launcher would not start "
+            "[library-missing]\n"
+            "    help: it is the library of this version of the launcher\n"
+            "\n"
+            "1 error: this run would not start.\n");
 }
 
 TEST_F(RunCheckLibraries, OneThatFailsIsNotTheEnd) {

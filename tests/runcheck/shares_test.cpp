@@ -219,7 +219,7 @@ TEST_F(RunCheckShares, AWorkingFolderThatBeginsWithinAName) {
 
 TEST_F(RunCheckShares, AWorkingFolderThatStandsThereTwice) {
   site.Write("Work\\NODE1\\Sample\\Analysis\\Run01\\Sample01.cmx",
-             Replaced(kDmpCmx, "<site>\\WORK", "\\\\NODE1"));
+             site.Specific(Replaced(kDmpCmx, "<site>\\WORK", "\\\\NODE1")));
   EXPECT_EQ(FindingsFor("<site>\\Home*<share>\\Work\\\\NODE1\\Sample*Sample*3*01"),
             "Sample01.cmx:8:28: warning: \\\\NODE1 stands in the project directory twice, and the "
             "first place counts: the launcher would cut the project directory at the first place "
