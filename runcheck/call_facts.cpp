@@ -75,8 +75,12 @@ bool EndsInSlash(std::string_view path) {
 
 std::size_t LastSeparator(std::string_view path) {
   std::size_t last = std::string_view::npos;
-  for (std::size_t at = 0; (at = FindCharacter(path, "\\/", at)) != std::string_view::npos; ++at) {
-    last = at;
+  for (std::size_t at = 0; at < path.size(); ++at) {
+    if (IsLeadByte(path[at])) {
+      ++at;
+    } else if (IsSlash(path[at])) {
+      last = at;
+    }
   }
   return last;
 }
