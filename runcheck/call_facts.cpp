@@ -73,6 +73,26 @@ bool EndsInSlash(std::string_view path) {
   return !path.empty() && FindCharacter(path, "\\/", path.size() - 1) != std::string_view::npos;
 }
 
+std::size_t LastSeparator(std::string_view path) {
+  std::size_t last = std::string_view::npos;
+  for (std::size_t at = 0; at < path.size(); ++at) {
+    if (IsLeadByte(path[at])) {
+      ++at;
+    } else if (IsSlash(path[at])) {
+      last = at;
+    }
+  }
+  return last;
+}
+
+std::string LastPart(std::string_view path) {
+  return std::string(path.substr(LastSeparator(path) + 1));
+}
+
+std::string WithExtension(const std::string& path) {
+  return LastPart(path).find('.') == std::string::npos ? path + ".exe" : path;
+}
+
 bool IsAbsolutePath(std::string_view path) {
   if (path.size() >= 2 && IsSlash(path[0]) && IsSlash(path[1])) return true;
   const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };

@@ -58,6 +58,15 @@ bool LooksLikePath(std::string_view text);
 /// With a backslash or slash that is a character of its own.
 bool EndsInSlash(std::string_view path);
 
+/// The last backslash or slash that is a character of its own; npos without one.
+std::size_t LastSeparator(std::string_view path);
+
+/// What stands behind it; the whole path without one.
+std::string LastPart(std::string_view path);
+
+/// ".exe" is added by the system to a name without an extension.
+std::string WithExtension(const std::string& path);
+
 /// "C:\..." or "\\..."; forward slashes count too.
 bool IsAbsolutePath(std::string_view path);
 

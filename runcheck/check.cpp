@@ -166,14 +166,14 @@ class RunCheck {
     const LauncherContext& context = *prediction_.context;
     const std::string home = context.remoteHomePath;
     std::vector<std::string> hosts;
-    for (const MachineReport& machine : report.machines) {
-      if (!machine.host.empty()) hosts.push_back(machine.host);
-    }
-    const std::string node = context.remoteMachineSettings.ValueStorageNode;
-    if (!node.empty()) hosts.push_back(node);
+    const auto addHost = [&](const std::string& host) {
+      if (!host.empty() && std::ranges::find(hosts, host) == hosts.end()) hosts.push_back(host);
+    };
+    for (const MachineReport& machine : report.machines) addHost(machine.host);
+    addHost(context.remoteMachineSettings.ValueStorageNode);
     std::vector<std::string> paths = {home};
     for (const Pass& pass : report.passes) {
-      paths.push_back(pass.solverPath);
+      paths.push_back(WithExtension(pass.solverPath));
       paths.push_back(pass.logFolder);
     }
     const NetworkAnswers answers =
@@ -205,12 +205,9 @@ class RunCheck {
           break;
       }
     }
-    std::vector<std::string> told;
     std::size_t silent = 0;
     std::string firstSilent;
     for (const std::string& host : hosts) {
-      if (std::ranges::find(told, host) != told.end()) continue;
-      told.push_back(host);
       const Answer answer = answers.hosts.at(host).answer;
       if (answer == Answer::No) {
         report.diagnostics.push_back(
@@ -246,7 +243,9 @@ class RunCheck {
     const bool hasHome = tell(home, "shared installation", "the machines would find no solver");
     std::vector<std::string> told;
     for (const Pass& pass : report.passes) {
-      if (hasHome) tell(pass.solverPath, "shared solver", "the machines would not start it");
+      if (hasHome) {
+        tell(WithExtension(pass.solverPath), "shared solver", "the machines would not start it");
+      }
       if (std::ranges::find(told, pass.logFolder) != told.end()) continue;
       told.push_back(pass.logFolder);
       tell(pass.logFolder, "shared run folder", "the run would lose its log");

@@ -90,6 +90,9 @@ class KeyRules {
     if (grave && meant.use == KeyUse::Mode) {
       diagnostic.Because("the launcher would ignore the line and run distributed");
     }
+    if (meant.use == KeyUse::WeightingBlock && reading_.Find(meant) == nullptr) {
+      diagnostic.Because("the launcher would ignore the line, and all weights would be 0");
+    }
     explained_.insert(meant.name);
     found_.push_back(
         std::move(diagnostic).At(KeyRange(facts_.File(), setting), setting.line->whole));
@@ -167,6 +170,8 @@ class KeyRules {
       if (separator.empty() || valueAt == std::string_view::npos) continue;
       if (Trimmed(separator) == "=" || TrimmedOfInvisible(separator) == "=") continue;
       const std::string_view value = rest.substr(valueAt);
+      // Another key that begins like this one.
+      if (value.find('=') != std::string_view::npos) continue;
       const std::string right = std::string(key.name) + " = " + std::string(value);
       const std::string_view between = TrimmedOfInvisible(separator);
       Add(Diagnostic("cmx-separator", between.empty() ? "no = stands between " +

@@ -8,9 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "runcheck/call_facts.h"
 #include "runcheck/cmx_rules.h"
 #include "runcheck/similar_name.h"
 #include "support/numbers.h"
+#include "support/trailing_backslash.h"
 
 namespace qvx::runcheck {
 namespace {
@@ -30,11 +32,19 @@ std::string Decimal(double number) {
 
 /// A host name, as far as DNS and NetBIOS allow one; an address too.
 bool IsHostName(std::string_view name) {
-  return !name.empty() && std::ranges::all_of(name, [](char c) {
+  for (std::size_t at = 0; at < name.size(); ++at) {
+    const char c = name[at];
+    if (IsLeadByte(c)) {
+      ++at;
+      continue;
+    }
     const bool isAscii = static_cast<unsigned char>(c) < 0x80;
-    return !isAscii || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("-_.:").find(c) != std::string_view::npos;
-  });
+    const bool fits = !isAscii || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                      (c >= '0' && c <= '9') ||
+                      std::string_view("-_.:").find(c) != std::string_view::npos;
+    if (!fits) return false;
+  }
+  return !name.empty();
 }
 
 /// A decimal number, the whole text.
@@ -175,9 +185,10 @@ class MachineRules {
                      (text.empty() ? "an empty line" : text) + " is taken as " + block + " " +
                          std::to_string(entry->entry + 1) + " of " + std::to_string(count_))
               .As(TakesAnOpener(*entry) ? kError : code.Row().usual)
-              .Help(holdsMachine ? "the first machine stands in the line after ValueMachineSetting"
-                                 : "ValueNoMachine is the number of lines in both blocks, which "
-                                   "follow one another without a gap")
+              .Help(holdsMachine
+                        ? "the first machine stands in the line after ValueMachineSetting"
+                        : "ValueNoMachine is the number of lines in each of the two blocks, which "
+                          "follow one another without a gap")
               .At(LineRange(facts_.File(), *entry->line), entry->line->whole));
       return false;
     }
@@ -212,13 +223,13 @@ class MachineRules {
     }
     if (more == 0) return true;
     const std::string have = std::to_string(entries.size() + more);
-    found_.push_back(Diagnostic(isMachine ? Code("machine-count") : Code("weighting-count"),
-                                "ValueNoMachine is " + std::to_string(count_) + " and the " +
-                                    (isMachine ? "machine" : "weighting") + " block has " + have +
-                                    " lines")
-                         .Because("the launcher would drop " + Counted(more, "line") + " of it")
-                         .Suggest(have, "ValueNoMachine is the number of lines in both blocks")
-                         .At(LineRange(facts_.File(), *first->line), first->line->whole));
+    found_.push_back(
+        Diagnostic(isMachine ? Code("machine-count") : Code("weighting-count"),
+                   "ValueNoMachine is " + std::to_string(count_) + " and the " +
+                       (isMachine ? "machine" : "weighting") + " block has " + have + " lines")
+            .Because("the launcher would drop " + Counted(more, "line") + " of it")
+            .Suggest(have, "ValueNoMachine is the number of lines in each of the two blocks")
+            .At(LineRange(facts_.File(), *first->line), first->line->whole));
     return isMachine;
   }
 
@@ -286,23 +297,30 @@ class MachineRules {
 
   /// Without what stands around a host name by mistake.
   static std::string Bare(const std::string& host) {
-    const std::string clean(TrimmedOfInvisible(host));
+    std::string_view name = TrimmedOfInvisible(host);
     constexpr const char* kAround = "\"'\\/";
-    const std::size_t first = std::min(clean.find_first_not_of(kAround), clean.size());
-    return clean.substr(first, clean.find_last_not_of(kAround) - first + 1);
+    name.remove_prefix(std::min(name.find_first_not_of(kAround), name.size()));
+    while (!name.empty() && FindCharacter(name, kAround, name.size() - 1) != name.npos) {
+      name.remove_suffix(1);
+    }
+    return std::string(name);
   }
 
   void CheckTaskCount(const SettingLine& entry, const std::string& host, const std::string& tasks) {
     const std::string clean(TrimmedOfInvisible(tasks));
     if (IsPlainNumber(clean) && ParseInteger(clean.c_str()) > 0) return;
     Diagnostic diagnostic("machine-tasks",
-                          host + " has " + (clean.empty() ? "no" : clean) + " tasks");
-    if (IsPlainNumber(host) && IsHostName(clean)) {
+                          "the tasks of " + host + " are " + clean + ", no number above 0");
+    if (clean.empty()) {
+      diagnostic.summary = host + " has no task count";
+    } else if (IsPlainNumber(host) && IsHostName(clean)) {
       diagnostic.summary = "the tasks stand before the host in " + host + " " + clean;
     } else if (ParseInteger(clean.c_str()) > 0) {
       const std::string right = std::to_string(ParseInteger(clean.c_str()));
       diagnostic.summary = "the tasks of " + host + " are " + clean + ", no plain number";
       diagnostic.Because(kHandedToMpi).Suggest(right, "the tasks are written " + right);
+    } else if (clean.front() >= '0' && clean.front() <= '9') {  // "0", "0.5"
+      diagnostic.summary = host + " has " + clean + " tasks";
     }
     Add(std::move(diagnostic), entry);
   }

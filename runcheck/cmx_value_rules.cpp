@@ -231,12 +231,20 @@ void CheckTasks(const CmxFacts& facts, Diagnostics& found) {
   const SectionReading* tasks = facts.Reading(kTaskManagerSection);
   if (tasks == nullptr || tasks->openings.empty() || facts.IsDistributed()) return;
   const SettingLine* count = tasks->Find("ValueNoTask");
-  if (facts.IsSharedMemory()) {
-    if (count != nullptr || IsKeyTold(found, "ValueNoTask")) return;
+  const std::string_view localTasks = tasks->ValueOf("ValueLocalNoTask");
+  if (count == nullptr) {
+    if (!facts.IsSharedMemory() || IsKeyTold(found, "ValueNoTask")) return;
     const CmxLine& opening = *tasks->openings.back();
     found.push_back(Diagnostic("task-count", "TASKMANAGER holds no ValueNoTask")
                         .At(LineRange(facts.File(), opening), opening.whole));
-  } else if (count != nullptr && IntegerOf(count->value) > 1) {
+  } else if (facts.IsSharedMemory()) {
+    if (count->value != "1" || !IsPlainNumber(localTasks) || IntegerOf(localTasks) < 2) return;
+    found.push_back(Diagnostic("tasks-differ", "ValueNoTask is 1 and ValueLocalNoTask is " +
+                                                   std::string(localTasks))
+                        .Because("the launcher would start one process because ValueNoTask is 1")
+                        .Help("ValueNoTask holds the number of tasks too")
+                        .At(ValueRange(facts.File(), *count), count->line->whole));
+  } else if (IntegerOf(count->value) > 1) {
     found.push_back(Diagnostic("tasks-differ", "ValueNoTask is " + std::string(count->value) +
                                                    " and ValueLocalNoTask is 1")
                         .At(ValueRange(facts.File(), *count), count->line->whole));

@@ -193,10 +193,10 @@ inline constexpr CodeRow kCodes[] = {
     // Machines
     {"machine-count", kError, kError, "ValueNoMachine does not fit the machine block",
      "the run would go to other machines than listed",
-     "ValueNoMachine is the number of lines in both blocks"},
+     "ValueNoMachine is the number of lines in each of the two blocks"},
     {"weighting-count", kWarning, kWarning, "ValueNoMachine does not fit the weighting block",
      "the launcher would take other lines as weightings, or none",
-     "ValueNoMachine is the number of lines in both blocks"},
+     "ValueNoMachine is the number of lines in each of the two blocks"},
     {"machine-count-late", kError, kError, "ValueNoMachine stands after a block",
      "the launcher would leave the machines empty", "it stands before both blocks"},
     {"machine-line", kError, kError, "a line of the machine block is no machine",

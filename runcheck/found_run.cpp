@@ -12,11 +12,8 @@ namespace {
 /// Nothing when this program does not lie in a Bin.
 std::optional<std::string> OwnHome() {
   const std::string folder = OwnFolder();
-  const std::size_t last = folder.find_last_of('\\');
-  if (last == std::string::npos || AsciiLower(folder.substr(last + 1)) != "bin") {
-    return std::nullopt;
-  }
-  return folder.substr(0, last);
+  if (AsciiLower(LastPart(folder)) != "bin") return std::nullopt;
+  return folder.substr(0, LastSeparator(folder));
 }
 
 /// The names that CMX files of the run give the project.
@@ -33,10 +30,10 @@ std::vector<std::string> ProjectNames(const RunWords& words) {
   return names;
 }
 
-/// The last part of a path: what a project is usually called.
-std::string LastPart(std::string path) {
-  while (path.ends_with('\\') || path.ends_with('/')) path.pop_back();
-  return path.substr(path.find_last_of("\\/") + 1);
+/// What a project is usually called.
+std::string NameOfFolder(std::string path) {
+  while (EndsInSlash(path)) path.pop_back();
+  return LastPart(path);
 }
 
 }  // namespace
@@ -52,7 +49,7 @@ FoundRun FindRun(const RunWords& words) {
               "--name is missing, and the run folder holds the CMX files of " + names[0] + " and " +
                   names[1]};
     }
-    name = names.empty() ? LastPart(words.project) : names[0];
+    name = names.empty() ? NameOfFolder(words.project) : names[0];
   }
   return {LauncherArguments(words, *home, name), ""};
 }

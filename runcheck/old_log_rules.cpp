@@ -36,8 +36,7 @@ void CheckOldLogs(Prediction& prediction, Diagnostics& found) {
       if (attributes == INVALID_FILE_ATTRIBUTES) return;
       if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) return;
       pass.deletes.emplace_back(path);
-      const std::string name =
-          pass.deletes.back().substr(pass.deletes.back().find_last_of('\\') + 1);
+      const std::string name = LastPart(pass.deletes.back());
       if (IsLogName(name, stem)) return;
       found.push_back(Diagnostic("deletes-other-file",
                                  name + " is no log of the launcher and would be deleted"));

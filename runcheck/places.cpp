@@ -1,12 +1,14 @@
 #include "runcheck/places.h"
 
 #include <algorithm>
+#include <cstring>
 #include <thread>
 
 #include "launcher/argument_record.h"
 #include "runcheck/files.h"
 #include "runcheck/similar_name.h"
 #include "support/numbers.h"
+#include "support/trailing_backslash.h"
 
 namespace qvx::runcheck {
 namespace {
@@ -51,21 +53,27 @@ void AddFolderBelow(const std::string& folder, const std::string& inside, Diagno
 
 /// A folder beside the missing one, with nearly its name.
 void AddNeighbour(const std::string& folder, Diagnostic& diagnostic) {
-  const std::size_t last = folder.find_last_of('\\');
-  const std::string parent = folder.substr(0, last);
-  const std::vector<std::string> names = NamesMatching(parent + "\\*");
+  const std::string parent = folder.substr(0, LastSeparator(folder) + 1);
+  const std::vector<std::string> names = NamesMatching(parent + "*");
   const std::vector<std::string_view> views(names.begin(), names.end());
-  const std::string_view meant = MostSimilar(folder.substr(last + 1), views);
-  if (meant.empty() || KindOf(parent + "\\" + std::string(meant)) != FileKind::Folder) return;
-  const std::string path = parent + "\\" + std::string(meant);
+  const std::string_view meant = MostSimilar(LastPart(folder), views);
+  const std::string path = parent + std::string(meant);
+  if (meant.empty() || KindOf(path) != FileKind::Folder) return;
   diagnostic.Suggest(path, "there is a folder " + path);
 }
 
-bool CheckFolder(Code code, const char* what, const std::string& folder, const char* inside,
-                 Diagnostics& found) {
+/// What follows when there is no run folder.
+std::string LostRun(const CallFacts& call) {
+  return AlwaysRunsSerially(call.family)
+             ? "the run would lose its log"
+             : "without its CMX file the run would be distributed and lose its log";
+}
+
+/// `diagnostic`: without its summary.
+bool CheckFolder(Diagnostic diagnostic, const char* what, const std::string& folder,
+                 const char* inside, Diagnostics& found) {
   // A blank or mark around it is told with the call.
   if (folder.empty() || TrimmedOfInvisible(folder) != folder) return false;
-  Diagnostic diagnostic(code, "");
   const auto suggestAbove = [&] {
     // One that lies within it was meant to be it.
     const std::size_t at = (AsciiLower(folder) + "\\").find("\\" + AsciiLower(inside) + "\\");
@@ -130,7 +138,7 @@ void AddMissingRunFolder(const CallFacts& call, const RunPlaces& places, Diagnos
   if (const std::string meant = MeantRunNumber(places); !meant.empty()) {
     Diagnostic diagnostic("run-number", "the run folder Run" + places.run +
                                             " does not exist and Run" + meant + " does");
-    diagnostic.Grave().Because("the run would lose its log");
+    diagnostic.Grave().Because(LostRun(call));
     if (call.isShell) {
       // However it is written: it is formatted anew.
       const std::string name = "Run" + places.run;
@@ -142,6 +150,7 @@ void AddMissingRunFolder(const CallFacts& call, const RunPlaces& places, Diagnos
     return;
   }
   Diagnostic diagnostic("run-folder", "the run folder " + places.runFolder + " does not exist");
+  diagnostic.Because(LostRun(call));
   std::vector<std::string> others = NamesMatching(analysis + "Run*");
   constexpr std::size_t kMost = 10;
   std::ranges::sort(others);
@@ -159,7 +168,8 @@ bool CheckRunFolder(const CallFacts& call, const RunPlaces& places, Diagnostics&
     return false;
   }
   if (kind == FileKind::File) {
-    found.push_back(Diagnostic("run-folder", "the run folder " + places.runFolder + " is a file"));
+    found.push_back(Diagnostic("run-folder", "the run folder " + places.runFolder + " is a file")
+                        .Because(LostRun(call)));
     return false;
   }
   if (!MayWriteInto(places.runFolder)) {
@@ -203,10 +213,11 @@ void CheckCmxPlace(const CallFacts& call, const RunPlaces& places, const CmxFile
 RunPlaces PlacesOf(const CallFacts& call, const Prediction& prediction) {
   RunPlaces places;
   places.home = call.Token(kHomeFolder);
-  if (places.home.ends_with('\\')) places.home.pop_back();
+  RemoveTrailingBackslash(places.home.data());
+  places.home.resize(std::strlen(places.home.c_str()));
   places.project = call.Token(kProjectDirectory);
   places.name = call.Token(kProjectName);
-  places.run = call.Token(kRunNumber);
+  places.run = call.FolderNumber();
   if (prediction.isInterpreted) {
     LauncherContext& context = *prediction.context;
     places.home = context.homeFolder;
@@ -224,7 +235,7 @@ RunPlaces PlacesOf(const CallFacts& call, const Prediction& prediction) {
     places.runFolder = places.project + "\\Analysis\\Run" + places.run;
     places.cmxPath = places.runFolder + "\\" + places.name + places.run + ".cmx";
   }
-  places.cmxName = places.cmxPath.substr(places.cmxPath.find_last_of('\\') + 1);
+  places.cmxName = LastPart(places.cmxPath);
   return places;
 }
 
@@ -240,9 +251,11 @@ void CheckRunPlaces(const CallFacts& call, const RunPlaces& places, const CmxFil
                         .Grave());
     return;
   }
-  CheckFolder("home-folder", "home folder", places.home, "Bin", found);
-  if (!CheckFolder("project-folder", "project directory", places.project, "Analysis", found))
+  CheckFolder(Diagnostic("home-folder", ""), "home folder", places.home, "Bin", found);
+  if (!CheckFolder(Diagnostic("project-folder", "").Because(LostRun(call)), "project directory",
+                   places.project, "Analysis", found)) {
     return;
+  }
   if (CheckRunFolder(call, places, found)) CheckCmxPlace(call, places, cmx, found);
 }
 

@@ -41,12 +41,6 @@ ProgramKind KindOfProgram(const std::string& path) {
   return machine == kX64 || machine == kX86 ? ProgramKind::Fits : ProgramKind::OtherMachine;
 }
 
-/// ".exe" is added by the system to a name without an extension.
-std::string WithExtension(const std::string& path) {
-  const std::string name = path.substr(path.find_last_of('\\') + 1);
-  return name.find('.') == std::string::npos ? path + ".exe" : path;
-}
-
 /// The system has its command interpreter start them.
 bool IsBatchFile(const std::string& path) {
   const std::string lower = AsciiLower(path);
@@ -100,7 +94,7 @@ class ProgramRules {
       if (places_.home.empty()) return;  // told with the call
       const std::string bin = places_.home + "\\Bin";
       if (KindOf(bin) != FileKind::Folder) return;  // told with the home folder
-      if (pass.solverPath.find_first_of("\\/:", bin.size() + 1) != std::string::npos) return;
+      if (FindCharacter(pass.solverPath, "\\/:", bin.size() + 1) != std::string::npos) return;
       Diagnostic diagnostic(
           "solver-file",
           "the solver " + path + (kind == FileKind::Folder ? " is a folder" : " does not exist"));
@@ -144,7 +138,7 @@ class ProgramRules {
       return;
     }
     if (KindOf(folder) == FileKind::File) {
-      const std::string right = folder.substr(0, folder.find_last_of('\\'));
+      const std::string right = folder.substr(0, LastSeparator(folder));
       found_.push_back(Diagnostic("mpi-path", "IntelMPI_InstallPath is a file, " + folder)
                            .Suggest(right, "the value is the folder " + right));
       return;
@@ -259,7 +253,8 @@ class ProgramRules {
   }
 
   void CheckParallelFolder(const std::string& name) {
-    if (name.find_first_not_of("\\/") == 0 && name.back() != '\\' && !IsAbsolutePath(name) &&
+    const bool endsInBackslash = FindCharacter(name, "\\", name.size() - 1) != std::string::npos;
+    if (name.find_first_not_of("\\/") == 0 && !endsInBackslash && !IsAbsolutePath(name) &&
         Cleaned(name) == name) {
       return;
     }
@@ -268,7 +263,8 @@ class ProgramRules {
     diagnostic.Because("the run would look for the installation in " +
                        std::string(Context().remoteHomePath));
     diagnostic.Help("it is the share's name, without backslashes around it");
-    const std::size_t share = name.starts_with("\\\\") ? name.find('\\', 2) : std::string::npos;
+    const std::size_t share =
+        name.starts_with("\\\\") ? FindCharacter(name, "\\", 2) : std::string::npos;
     if (share != std::string::npos && share + 1 < name.size()) {
       const std::string right = name.substr(share + 1);
       diagnostic.Suggest(right, "the value is written " + right);

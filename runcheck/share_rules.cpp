@@ -79,11 +79,9 @@ class ShareRules {
     return AsciiLower(host) == "localhost" || host.starts_with("127.") || host == "::1";
   }
 
-  static std::string WithoutSlashes(const std::string& name) {
-    const std::size_t first = name.find_first_not_of("\\/");
-    return first == std::string::npos
-               ? ""
-               : name.substr(first, name.find_last_not_of("\\/") - first + 1);
+  static std::string WithoutSlashes(std::string name) {
+    while (EndsInSlash(name)) name.pop_back();
+    return name.substr(std::min(name.find_first_not_of("\\/"), name.size()));
   }
 
   void CheckStorageNode() {
@@ -100,9 +98,9 @@ class ShareRules {
               .Help("it is this machine's name in the network"),
           key);
     } else if (!IsValueTold(key) &&
-               (node.find_first_of(kNoHost) != std::string::npos || node == ".")) {
+               (FindCharacter(node, kNoHost, 0) != std::string::npos || node == ".")) {
       const std::string name = node.substr(std::min(node.find_first_not_of("\\/"), node.size()));
-      const std::string host = name.substr(0, name.find_first_of(kNoHost));
+      const std::string host = name.substr(0, FindCharacter(name, kNoHost, 0));
       Diagnostic diagnostic("storage-node", std::string(key) + " is " + node + ", no host name");
       // One letter is a drive's.
       if (host.size() > 1) diagnostic.Suggest(host, "the host is written " + host);
@@ -119,8 +117,9 @@ class ShareRules {
       if (!IsTold(kKey)) Add(Diagnostic("share-name", "ValueShareFolderName is empty"), kKey);
     } else if (IsAbsolutePath(share)) {
       Diagnostic diagnostic("share-name", "ValueShareFolderName is a path, " + share);
-      const std::size_t host = share.find_first_of("\\/", first);
-      if (first == 2 && host + 1 < share.size()) {  // "\\NODE1\Projects"
+      const std::size_t host = FindCharacter(share, "\\/", first);
+      if (first == 2 && host != std::string::npos &&
+          host + 1 < share.size()) {  // "\\NODE1\Projects"
         const std::string name = WithoutSlashes(share.substr(host));
         diagnostic.Suggest(name, "the share is written " + name);
       }
@@ -138,11 +137,11 @@ class ShareRules {
       Add(Diagnostic("share-name", "ValueShareFolderName begins with the storage node, " + share)
               .Suggest(name, "the share is written " + name),
           kKey);
-    } else if (share.find_first_of(kNoFile) != std::string::npos ||
+    } else if (FindCharacter(share, kNoFile, 0) != std::string::npos ||
                std::string_view(";,").find(share.back()) != std::string_view::npos) {
       const std::string name = share.substr(0, share.find_last_not_of(";,") + 1);
       Diagnostic diagnostic("share-name", "ValueShareFolderName is " + share + ", no share's name");
-      if (name.find_first_of(kNoFile) == std::string::npos) {
+      if (FindCharacter(name, kNoFile, 0) == std::string::npos) {
         diagnostic.Suggest(name, "the share is written " + name);
       }
       Add(diagnostic, kKey);
@@ -229,9 +228,10 @@ class ShareRules {
   /// them; empty otherwise.
   [[nodiscard]] std::string SimilarFolder(const std::string& folder) const {
     std::string plain = WithBackslashes(folder);
-    while (plain.ends_with('\\')) plain.pop_back();
-    for (std::size_t at = 1; (at = plain.find("\\\\", at)) != std::string::npos;)
-      plain.erase(at, 1);
+    while (EndsInSlash(plain)) plain.pop_back();
+    for (std::size_t at = 1; (at = FindCharacter(plain, "\\", at)) != std::string::npos;) {
+      if (plain[++at] == '\\') plain.erase(at--, 1);
+    }
     std::size_t end = std::string::npos;
     for (std::size_t at = 0; at <= plain.size(); ++at) {
       if (end == projectDirectory_.size()) return {};

@@ -42,8 +42,8 @@ TEST(CmxKeys, AMisspeltTaskCountIsSaidOnce) {
 
 TEST(CmxKeys, AMisspeltWeightingBlock) {
   EXPECT_EQ(Found(Distributed("ValueMachineWeighting = weight", "ValueMachinWeighting = weight")),
-            "Sample03.cmx:12:1: warning: ValueMachinWeighting is no key of REMOTE_MACHINES "
-            "[cmx-unknown-key]\n"
+            "Sample03.cmx:12:1: warning: ValueMachinWeighting is no key of REMOTE_MACHINES: "
+            "the launcher would ignore the line, and all weights would be 0 [cmx-unknown-key]\n"
             "   12 | ValueMachinWeighting = weight\n"
             "      | ^~~~~~~~~~~~~~~~~~~~ help: a key of this section is written "
             "ValueMachineWeighting\n");
@@ -51,8 +51,8 @@ TEST(CmxKeys, AMisspeltWeightingBlock) {
 
 TEST(CmxKeys, AMisspeltBlockWithoutAnEqualsSign) {
   EXPECT_EQ(Found(Distributed("ValueMachineWeighting = weight", "ValueMachinWeighting")),
-            "Sample03.cmx:12:1: warning: ValueMachinWeighting is no key of REMOTE_MACHINES "
-            "[cmx-unknown-key]\n"
+            "Sample03.cmx:12:1: warning: ValueMachinWeighting is no key of REMOTE_MACHINES: "
+            "the launcher would ignore the line, and all weights would be 0 [cmx-unknown-key]\n"
             "   12 | ValueMachinWeighting\n"
             "      | ^~~~~~~~~~~~~~~~~~~~ help: a key of this section is written "
             "ValueMachineWeighting\n");
@@ -91,6 +91,27 @@ TEST(CmxKeys, AKeyWithTwoMoreLettersOfSevenIsUnknown) {
             "Sample03.cmx:5:1: note: Versions2 is no key of TASKMANAGER [cmx-unknown-key]\n"
             "    5 | Versions2 = 1\n"
             "      | ^~~~~~~~~ help: the line is left out\n");
+}
+
+TEST(CmxKeys, AKeyThatBeginsLikeAnotherIsNotThatOneWithAnotherSeparator) {
+  EXPECT_EQ(
+      Found(Local("</TASKMANAGER>", "Version Number = 3\nValueNoTask-Max = 4\n</TASKMANAGER>")),
+      "Sample03.cmx:5:1: note: Version Number is no key of TASKMANAGER [cmx-unknown-key]\n"
+      "    5 | Version Number = 3\n"
+      "      | ^~~~~~~~~~~~~~ help: the line is left out\n"
+      "Sample03.cmx:6:1: note: ValueNoTask-Max is no key of TASKMANAGER [cmx-unknown-key]\n"
+      "    6 | ValueNoTask-Max = 4\n"
+      "      | ^~~~~~~~~~~~~~~ help: the line is left out\n");
+}
+
+TEST(CmxKeys, AMisspeltWeightingBlockBesideTheRightOneChangesNothing) {
+  EXPECT_EQ(
+      Found(Distributed("</REMOTE_MACHINES>", "ValueMachinWeighting = weight\n</REMOTE_MACHINES>")),
+      "Sample03.cmx:15:1: warning: ValueMachinWeighting is no key of REMOTE_MACHINES "
+      "[cmx-unknown-key]\n"
+      "   15 | ValueMachinWeighting = weight\n"
+      "      | ^~~~~~~~~~~~~~~~~~~~ help: a key of this section is written "
+      "ValueMachineWeighting\n");
 }
 
 TEST(CmxKeys, ARemarkIsInOrder) {

@@ -31,11 +31,11 @@ TEST(CmxMachines, MoreMachinesThanCounted) {
       "Sample03.cmx:11:1: error: ValueNoMachine is 1 and the machine block has 2 lines: the "
       "launcher would drop 1 line of it [machine-count]\n"
       "   11 | 2 = NODE2\t1\n"
-      "      | ^~~~~~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n"
+      "      | ^~~~~~~~~~~ help: ValueNoMachine is the number of lines in each of the two blocks\n"
       "Sample03.cmx:14:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines: the "
       "launcher would drop 1 line of it [weighting-count]\n"
       "   14 | 2 = 0.4\n"
-      "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
+      "      | ^~~~~~~ help: ValueNoMachine is the number of lines in each of the two blocks\n");
 }
 
 TEST(CmxMachines, FewerMachinesThanCounted) {
@@ -44,7 +44,7 @@ TEST(CmxMachines, FewerMachinesThanCounted) {
             "the run would go to other machines than listed [machine-line]\n"
             "   11 | ValueMachineWeighting = weight\n"
             "      | ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the number of lines in "
-            "both blocks, which follow one another without a gap\n");
+            "each of the two blocks, which follow one another without a gap\n");
 }
 
 TEST(CmxMachines, AnEmptyLineInTheMachineBlock) {
@@ -52,7 +52,8 @@ TEST(CmxMachines, AnEmptyLineInTheMachineBlock) {
             "Sample03.cmx:11:1: error: an empty line is taken as machine 2 of 2: the run would go "
             "to other machines than listed [machine-line]\n"
             "   11 | \n"
-            "      | ^ help: ValueNoMachine is the number of lines in both blocks, which follow "
+            "      | ^ help: ValueNoMachine is the number of lines in each of the two blocks, "
+            "which follow "
             "one another without a gap\n");
 }
 
@@ -61,7 +62,8 @@ TEST(CmxMachines, AMachineBehindASemicolonIsTakenNevertheless) {
             "Sample03.cmx:10:1: error: ; 1 = NODE1\t2 is taken as machine 1 of 2: the run would go "
             "to other machines than listed [machine-line]\n"
             "   10 | ; 1 = NODE1\t2\n"
-            "      | ^~~~~~~~~~~~~ help: ValueNoMachine is the number of lines in both blocks, "
+            "      | ^~~~~~~~~~~~~ help: ValueNoMachine is the number of lines in each of the two "
+            "blocks, "
             "which follow one another without a gap\n");
 }
 
@@ -81,23 +83,23 @@ TEST(CmxMachines, ACountOfTheTwoBlocksBesideOtherKeysIsInOrder) {
 }
 
 TEST(CmxMachines, NoMachines) {
-  EXPECT_EQ(
-      Found(Changed(
-          Changed(Distributed("ValueNoMachine = 2", "ValueNoMachine = 0"), kMachineBlock, ""),
-          kWeightingBlock, "")),
-      "Sample03.cmx:5:18: error: ValueNoMachine is 0, no number above 0: the run would be "
-      "distributed over no machine [machine-count]\n"
-      "    5 | ValueNoMachine = 0\n"
-      "      |                  ^ help: ValueNoMachine is the number of lines in both blocks\n");
+  EXPECT_EQ(Found(Changed(
+                Changed(Distributed("ValueNoMachine = 2", "ValueNoMachine = 0"), kMachineBlock, ""),
+                kWeightingBlock, "")),
+            "Sample03.cmx:5:18: error: ValueNoMachine is 0, no number above 0: the run would be "
+            "distributed over no machine [machine-count]\n"
+            "    5 | ValueNoMachine = 0\n"
+            "      |                  ^ help: ValueNoMachine is the number of lines in each of the "
+            "two blocks\n");
 }
 
 TEST(CmxMachines, AMachineCountThatIsAWord) {
-  EXPECT_EQ(
-      Found(Distributed("ValueNoMachine = 2", "ValueNoMachine = two")),
-      "Sample03.cmx:5:18: error: ValueNoMachine is two, no number above 0: the run would be "
-      "distributed over no machine [machine-count]\n"
-      "    5 | ValueNoMachine = two\n"
-      "      |                  ^~~ help: ValueNoMachine is the number of lines in both blocks\n");
+  EXPECT_EQ(Found(Distributed("ValueNoMachine = 2", "ValueNoMachine = two")),
+            "Sample03.cmx:5:18: error: ValueNoMachine is two, no number above 0: the run would be "
+            "distributed over no machine [machine-count]\n"
+            "    5 | ValueNoMachine = two\n"
+            "      |                  ^~~ help: ValueNoMachine is the number of lines in each of "
+            "the two blocks\n");
 }
 
 TEST(CmxMachines, AMissingMachineBlock) {
@@ -142,6 +144,22 @@ TEST(CmxMachines, AMachineWithoutTasks) {
       "      |     ^~~~~~~ help: tasks are a number of 1 or more\n");
 }
 
+TEST(CmxMachines, NoHost) {
+  EXPECT_EQ(Found(Distributed("1 = NODE1\t2", "1 = \t2")),
+            "Sample03.cmx:10:5: error: the host name is empty: the MPI process launcher would ask "
+            "for another machine [machine-host]\n"
+            "   10 | 1 = \t2\n"
+            "      |     ^~ help: a host name stands alone, without backslashes and blanks\n");
+}
+
+TEST(CmxMachines, TasksThatAreAWord) {
+  EXPECT_EQ(Found(Distributed("2 = NODE2\t1", "2 = NODE2\tall")),
+            "Sample03.cmx:11:5: error: the tasks of NODE2 are all, no number above 0: no process "
+            "would run there [machine-tasks]\n"
+            "   11 | 2 = NODE2\tall\n"
+            "      |     ^~~~~~~~~ help: tasks are a number of 1 or more\n");
+}
+
 TEST(CmxMachines, HostAndTasksSwapped) {
   EXPECT_EQ(Found(Distributed("1 = NODE1\t2", "1 = 2\tNODE1")),
             "Sample03.cmx:10:5: error: the tasks stand before the host in 2 NODE1: no process "
@@ -151,11 +169,11 @@ TEST(CmxMachines, HostAndTasksSwapped) {
 }
 
 TEST(CmxMachines, TwoTabsLeaveNoTasks) {
-  EXPECT_EQ(
-      Found(Distributed("1 = NODE1\t2", "1 = NODE1\t\t2")),
-      "Sample03.cmx:10:5: error: NODE1 has no tasks: no process would run there [machine-tasks]\n"
-      "   10 | 1 = NODE1\t\t2\n"
-      "      |     ^~~~~~~~ help: tasks are a number of 1 or more\n");
+  EXPECT_EQ(Found(Distributed("1 = NODE1\t2", "1 = NODE1\t\t2")),
+            "Sample03.cmx:10:5: error: NODE1 has no task count: no process would run there "
+            "[machine-tasks]\n"
+            "   10 | 1 = NODE1\t\t2\n"
+            "      |     ^~~~~~~~ help: tasks are a number of 1 or more\n");
 }
 
 TEST(CmxMachines, AFurtherTextBehindTheTasksIsInOrder) {

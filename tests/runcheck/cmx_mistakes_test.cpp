@@ -230,5 +230,21 @@ TEST(DoubleByte, TheSecondHalfOfALetterIsNeitherBackslashNorInvisible) {
   EXPECT_EQ(TrimmedOfInvisible("\x8E\xA0 "), "\x8E\xA0");
 }
 
+TEST(DoubleByte, TheSecondHalfOfALetterEndsNoName) {
+  if (!IsLeadByte('\x95')) GTEST_SKIP() << "another code page";
+  EXPECT_EQ(LastPart("C:\\P\x95\\x"), "P\x95\\x");
+  EXPECT_EQ(WithExtension("C:\\a.b\x95\\x"), "C:\\a.b\x95\\x");
+  EXPECT_EQ(WithExtension("C:\\a.b\\x\x95\\"), "C:\\a.b\\x\x95\\.exe");
+}
+
+TEST(DoubleByte, TheSecondHalfOfALetterIsInOrderInAHostName) {
+  if (!IsLeadByte('\x95')) GTEST_SKIP() << "another code page";
+  EXPECT_EQ(Said(Distributed("1 = NODE1", "1 = N\x95\\")), "");
+  EXPECT_EQ(Said(Distributed("1 = NODE1", "1 = \\\\N\x95\\")),
+            "error machine-host 10:5: \\\\N\x95\\ is no host name: the MPI process launcher would "
+            "ask for another machine\n"
+            "  the name is written N\x95\\ (N\x95\\)\n");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck

@@ -183,6 +183,13 @@ TEST(CmxValues, SeveralTasksInASerialRunAreANote) {
             "      |               ^ help: ValueLocalNoTask holds the number of tasks too\n");
 }
 
+TEST(CmxValues, OneTaskInASharedMemoryRunIsANote) {
+  EXPECT_EQ(Found(LocalTasks("1", "4")),
+            "Sample03.cmx:3:15: note: ValueNoTask is 1 and ValueLocalNoTask is 4 [tasks-differ]\n"
+            "    3 | ValueNoTask = 1\n"
+            "      |               ^ help: ValueNoTask holds the number of tasks too\n");
+}
+
 TEST(CmxValues, ACoolingFlagOfTwo) {
   EXPECT_EQ(Found(Local() + "<SOLID_COOL>\nFlag3DSolidCoolingChannel = 2\n</SOLID_COOL>\n",
                   SolverClass::Cool),

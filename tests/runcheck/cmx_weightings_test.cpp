@@ -13,16 +13,17 @@ TEST(CmxWeightings, FewerWeightingsThanCounted) {
             "Sample03.cmx:14:1: warning: </REMOTE_MACHINES> is taken as weighting 2 of 2 "
             "[weighting-count]\n"
             "   14 | </REMOTE_MACHINES>\n"
-            "      | ^~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the number of lines in both "
-            "blocks, which follow one another without a gap\n");
+            "      | ^~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the number of lines in each of the "
+            "two blocks, which follow one another without a gap\n");
 }
 
 TEST(CmxWeightings, MoreWeightingsThanCounted) {
-  EXPECT_EQ(Found(Distributed("</REMOTE_MACHINES>", "3 = 0.1\n</REMOTE_MACHINES>")),
-            "Sample03.cmx:15:1: warning: ValueNoMachine is 2 and the weighting block has 3 lines: "
-            "the launcher would drop 1 line of it [weighting-count]\n"
-            "   15 | 3 = 0.1\n"
-            "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
+  EXPECT_EQ(
+      Found(Distributed("</REMOTE_MACHINES>", "3 = 0.1\n</REMOTE_MACHINES>")),
+      "Sample03.cmx:15:1: warning: ValueNoMachine is 2 and the weighting block has 3 lines: "
+      "the launcher would drop 1 line of it [weighting-count]\n"
+      "   15 | 3 = 0.1\n"
+      "      | ^~~~~~~ help: ValueNoMachine is the number of lines in each of the two blocks\n");
 }
 
 TEST(CmxWeightings, AWeightingTooManyHasNoSum) {
@@ -31,7 +32,7 @@ TEST(CmxWeightings, AWeightingTooManyHasNoSum) {
       "Sample03.cmx:13:1: warning: ValueNoMachine is 1 and the weighting block has 2 lines: the "
       "launcher would drop 1 line of it [weighting-count]\n"
       "   13 | 2 = 0.4\n"
-      "      | ^~~~~~~ help: ValueNoMachine is the number of lines in both blocks\n");
+      "      | ^~~~~~~ help: ValueNoMachine is the number of lines in each of the two blocks\n");
 }
 
 TEST(CmxWeightings, AMissingWeightingBlock) {
@@ -57,6 +58,14 @@ TEST(CmxWeightings, ADecimalComma) {
             "[weighting-value]\n"
             "   13 | 1 = 0,6\n"
             "      |     ^~~ help: the decimal point is written 0.6\n");
+}
+
+TEST(CmxWeightings, AnEmptyWeighting) {
+  EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = ")),
+            "Sample03.cmx:13:5: warning: the weighting is empty: the launcher would read it as 0 "
+            "[weighting-value]\n"
+            "   13 | 1 = \n"
+            "      |     ^ help: a weighting is a number such as 0.6\n");
 }
 
 TEST(CmxWeightings, AWeightingThatIsAWord) {

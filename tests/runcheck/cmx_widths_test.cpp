@@ -106,7 +106,7 @@ TEST(CmxWidths, ALineThatStopsTwoReadersInTwoFieldsIsSaidForBoth) {
             "machine 1 of 1: the run would go to other machines than listed [machine-line]\n"
             "    6 | Version = 123456789012345678901234567890123\n"
             "      | ^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~ help: ValueNoMachine is the "
-            "number of lines in both blocks, which follow one another without a gap\n"
+            "number of lines in each of the two blocks, which follow one another without a gap\n"
             "Sample03.cmx:6:11: error: Version is too long: width 32, length 33: the launcher "
             "would end with -2 [text-too-long]\n"
             "    6 | Version = 123456789012345678901234567890123\n"

@@ -12,9 +12,6 @@
 
 namespace qvx::test {
 
-/// One task, as every machine has processors for that.
-constexpr const char* kOneTaskSmpCmx =
-    "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueNoTask=1\r\nValueLocalNoTask=2\r\n</TASKMANAGER>\r\n";
 constexpr const char* kFlow = "Qvx3DFlow.exe";
 constexpr const char* kInOrder = "Nothing stands in the way of this run.\n";
 

@@ -67,11 +67,13 @@ TEST_F(RunCheckMistakes, OptionAndRunNumberSwapped) {
 
 TEST_F(RunCheckMistakes, AMissingRunFolderNamesTheOthers) {
   std::filesystem::create_directories(site.Path("Work\\Sample\\Analysis\\Run_02"));
-  EXPECT_EQ(RunNumbered("02"),
-            std::string("error: the run folder <site>\\Work\\Sample\\Analysis\\Run02 does not "
-                        "exist: the run would lose its log [run-folder]\n"
-                        "    help: Analysis holds Run01, Run_02\n") +
-                kNotMeant);
+  EXPECT_EQ(
+      RunNumbered("02"),
+      std::string(
+          "error: the run folder <site>\\Work\\Sample\\Analysis\\Run02 does not "
+          "exist: without its CMX file the run would be distributed and lose its log [run-folder]\n"
+          "    help: Analysis holds Run01, Run_02\n") +
+          kNotMeant);
 }
 
 TEST_F(RunCheckMistakes, ARunNumberOfThirtyTwoDigitsIsTooLongAlone) {
@@ -214,27 +216,29 @@ TEST_F(RunCheckMistakes, ACmxFileUnderAnotherExtensionOrInAnotherFolder) {
 
 TEST_F(RunCheckMistakes, AFolderTooHigh) {
   site.Write("Work\\notes\\x", "");
-  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work*Sample*0*01"),
-            std::string("error: the project directory <site>\\Work holds no folder Analysis: the "
-                        "run would lose its log [project-folder]\n"
-                        "    help: <site>\\Work\\Sample holds one\n") +
-                kNotMeant);
+  EXPECT_EQ(
+      FindingsFor("<site>\\Home*<site>\\Work*Sample*0*01"),
+      std::string("error: the project directory <site>\\Work holds no folder Analysis: without its "
+                  "CMX file the run would be distributed and lose its log [project-folder]\n"
+                  "    help: <site>\\Work\\Sample holds one\n") +
+          kNotMeant);
 }
 
 TEST_F(RunCheckMistakes, AFolderTooHighAboveSeveral) {
   site.Write("Work\\Other\\Analysis\\x", "");
-  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work*Sample*0*01"),
-            std::string("error: the project directory <site>\\Work holds no folder Analysis: the "
-                        "run would lose its log [project-folder]\n"
-                        "    help: the project directory is the one that holds Analysis\n") +
-                kNotMeant);
+  EXPECT_EQ(
+      FindingsFor("<site>\\Home*<site>\\Work*Sample*0*01"),
+      std::string("error: the project directory <site>\\Work holds no folder Analysis: without its "
+                  "CMX file the run would be distributed and lose its log [project-folder]\n"
+                  "    help: the project directory is the one that holds Analysis\n") +
+          kNotMeant);
 }
 
 TEST_F(RunCheckMistakes, LettersThatTheCodePageDoesNotHold) {
   EXPECT_EQ(
       FindingsFor("<site>\\Home*<site>\\W??k\\Sample*Sample*0*01"),
-      std::string("error: the project directory <site>\\W??k\\Sample does not exist: the run "
-                  "would lose its log [project-folder]\n"
+      std::string("error: the project directory <site>\\W??k\\Sample does not exist: without its "
+                  "CMX file the run would be distributed and lose its log [project-folder]\n"
                   "    help: a ? stands for a letter that the ANSI code page does not hold\n") +
           kNotMeant);
 }

@@ -1,4 +1,7 @@
 // What lies on this machine: a mistake that the check finds, message by message, and near misses.
+#include <windows.h>
+
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -15,6 +18,27 @@ std::string Processors(const std::string& text) {
   return Replaced(text, std::to_string(std::thread::hardware_concurrency()) + " processors",
                   "<n> processors");
 }
+
+constexpr const char* kMpiKey = "SOFTWARE\\NelvornSystem";
+constexpr const char* kMpiValue = "IntelMPI_InstallPath";
+
+/// The value, where the launcher does not look for it.
+class MisplacedMpiPath {
+ public:
+  MisplacedMpiPath(HKEY root, REGSAM view) {
+    RegCreateKeyExA(root, kMpiKey, 0, nullptr, 0, KEY_WRITE | view, nullptr, &key_, nullptr);
+    RegSetValueExA(key_, kMpiValue, 0, REG_SZ, reinterpret_cast<const BYTE*>("C:"), 3);
+  }
+  ~MisplacedMpiPath() {
+    RegDeleteValueA(key_, kMpiValue);
+    RegCloseKey(key_);
+  }
+  MisplacedMpiPath(const MisplacedMpiPath&) = delete;
+  MisplacedMpiPath& operator=(const MisplacedMpiPath&) = delete;
+
+ private:
+  HKEY key_ = nullptr;
+};
 
 TEST_F(RunCheckPlaces, ARelativeHomeFolder) {
   EXPECT_EQ(FindingsFor("Home*<site>\\Work\\Sample*Sample*0*01"),
@@ -59,9 +83,18 @@ TEST_F(RunCheckPlaces, AHomeFolderWithABackslashBehindIt) {
 
 TEST_F(RunCheckPlaces, AMissingProjectDirectory) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Other*Sample*0*01"),
-            "error: the project directory <site>\\Work\\Other does not exist: the run would lose "
-            "its log [project-folder]\n"
+            "error: the project directory <site>\\Work\\Other does not exist: without its CMX file "
+            "the run would be distributed and lose its log [project-folder]\n"
             "    help: the project directory is the one that holds Analysis\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckPlaces, AMisspeltProjectDirectoryWithSlashes) {
+  EXPECT_EQ(FindingsFor("<site>\\Home*C:/NODE1/<name>/Work/Sampel*Sample*0*01"),
+            "error: the project directory C:/NODE1/<name>/Work/Sampel does not exist: without its "
+            "CMX file the run would be distributed and lose its log [project-folder]\n"
+            "    help: there is a folder C:/NODE1/<name>/Work/Sample\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }
@@ -69,7 +102,7 @@ TEST_F(RunCheckPlaces, AMissingProjectDirectory) {
 TEST_F(RunCheckPlaces, AProjectDirectoryThatIsItsAnalysis) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis*Sample*0*01"),
             "error: the project directory <site>\\Work\\Sample\\Analysis holds no folder Analysis: "
-            "the run would lose its log [project-folder]\n"
+            "without its CMX file the run would be distributed and lose its log [project-folder]\n"
             "    help: it is written <site>\\Work\\Sample\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
@@ -77,7 +110,8 @@ TEST_F(RunCheckPlaces, AProjectDirectoryThatIsItsAnalysis) {
 
 TEST_F(RunCheckPlaces, ARunNumberWithoutItsZero) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*1"),
-            "error: the run folder Run1 does not exist and Run01 does: the run would lose its log "
+            "error: the run folder Run1 does not exist and Run01 does: without its CMX file the "
+            "run would be distributed and lose its log "
             "[run-number]\n"
             "    help: the run number is written 01\n"
             "\n"
@@ -86,6 +120,16 @@ TEST_F(RunCheckPlaces, ARunNumberWithoutItsZero) {
 
 TEST_F(RunCheckPlaces, AMissingRunFolder) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*07"),
+            "error: the run folder <site>\\Work\\Sample\\Analysis\\Run07 does not exist: without "
+            "its CMX file the run would be distributed and lose its log [run-folder]\n"
+            "    help: Analysis holds Run01\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckPlaces, AMissingRunFolderOfASolverThatReadsNoCmxFile) {
+  site.InstallSolver("QvxOptics.exe");
+  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*07", "QvxOptics.exe"),
             "error: the run folder <site>\\Work\\Sample\\Analysis\\Run07 does not exist: the run "
             "would lose its log [run-folder]\n"
             "    help: Analysis holds Run01\n"
@@ -96,8 +140,8 @@ TEST_F(RunCheckPlaces, AMissingRunFolder) {
 TEST_F(RunCheckPlaces, ARunFolderThatIsAFile) {
   site.Write("Work\\Sample\\Analysis\\Run02", "");
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Sample*0*02"),
-            "error: the run folder <site>\\Work\\Sample\\Analysis\\Run02 is a file: the run would "
-            "lose its log [run-folder]\n"
+            "error: the run folder <site>\\Work\\Sample\\Analysis\\Run02 is a file: without its "
+            "CMX file the run would be distributed and lose its log [run-folder]\n"
             "    help: the run folder is Analysis\\Run and the run number\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
@@ -234,16 +278,34 @@ TEST_F(RunCheckPlaces, AnEarlierLogIsInOrder) {
   EXPECT_EQ(Findings(), kInOrder);
 }
 
+TEST_F(RunCheckPlaces, AReadOnlyLogIsNotDeleted) {
+  const std::string log =
+      "Work\\Sample\\Analysis\\Run01\\console_redirect_serial_Flow_2024-03-05_09-07-02.txt";
+  site.Write(log, "");
+  const std::string deleted = Answer({"--", "L$1", kTokens, kFlow});
+  EXPECT_NE(deleted.find("  deletes       1 earlier log in"), std::string::npos) << deleted;
+  SetFileAttributesA(site.Path(log).c_str(), FILE_ATTRIBUTE_READONLY);
+  const std::string kept = Answer({"--", "L$1", kTokens, kFlow});
+  SetFileAttributesA(site.Path(log).c_str(), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_EQ(kept.find("  deletes"), std::string::npos) << kept;
+}
+
 TEST_F(RunCheckPlaces, ALogOfAnotherModeStays) {
   site.Write("Work\\Sample\\Analysis\\Run01\\console_redirect_smp_Flow_notes.txt", "");
   EXPECT_EQ(Findings(), kInOrder);
 }
 
 TEST_F(RunCheckPlaces, NoKeyForTheMpiInstallation) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  // As many tasks as every machine has processors for.
+  site.WriteCmx(
+      "<TASKMANAGER>\r\nIDTaskMode=0\r\nValueNoTask=1\r\nValueLocalNoTask=2\r\n</"
+      "TASKMANAGER>\r\n");
   mpiPath.Remove();
   EXPECT_EQ(
       Findings(),
+      "Sample01.cmx:3:13: note: ValueNoTask is 1 and ValueLocalNoTask is 2 [tasks-differ]\n"
+      "    3 | ValueNoTask=1\n"
+      "      |             ^ help: ValueNoTask holds the number of tasks too\n"
       "error: the registry holds no value IntelMPI_InstallPath in "
       "HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem: the launcher would stop with -1 [mpi-path]\n"
       "    help: IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, "
@@ -252,8 +314,70 @@ TEST_F(RunCheckPlaces, NoKeyForTheMpiInstallation) {
       "1 error: this run would not start.\n");
 }
 
+class RunCheckRegistry : public RunCheckTest {
+ protected:
+  RunCheckRegistry() { site.WriteCmx(kDmpCmx); }
+
+  static std::string Wrong(const std::string& summary, const std::string& help = kIsAText) {
+    return "error: " + summary + ": the launcher would stop with -1 [mpi-path]\n    help: " + help +
+           "\n\n1 error: this run would not start.\n";
+  }
+
+  static constexpr const char* kIsAText =
+      "IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, the folder "
+      "of "
+      "impiexec.exe";
+  static constexpr const char* kNoValue =
+      "the registry holds no value IntelMPI_InstallPath in "
+      "HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem";
+};
+
+TEST_F(RunCheckRegistry, AValueThatIsANumber) {
+  const DWORD number = 1;
+  RegSetKeyValueA(HKEY_LOCAL_MACHINE, kMpiKey, kMpiValue, REG_DWORD, &number, sizeof number);
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is no plain text (REG_SZ)"));
+}
+
+TEST_F(RunCheckRegistry, AValueWithAVariable) {
+  constexpr std::string_view kPath("%ProgramFiles%\\Mpi\0", 19);
+  RegSetKeyValueA(HKEY_LOCAL_MACHINE, kMpiKey, kMpiValue, REG_EXPAND_SZ, kPath.data(),
+                  static_cast<DWORD>(kPath.size()));
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is no plain text (REG_SZ)"));
+}
+
+TEST_F(RunCheckRegistry, NoKey) {
+  mpiPath.RemoveKey();
+  EXPECT_EQ(Findings(),
+            Wrong("the registry holds no key HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem"));
+}
+
+TEST_F(RunCheckRegistry, AnEmptyValue) {
+  mpiPath.Set("");
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is empty"));
+}
+
+TEST_F(RunCheckRegistry, ARelativeFolder) {
+  mpiPath.Set("Mpi");
+  EXPECT_EQ(Findings(), Wrong("IntelMPI_InstallPath is relative, Mpi"));
+}
+
+TEST_F(RunCheckRegistry, AValueOf32BitPrograms) {
+  mpiPath.Remove();
+  const MisplacedMpiPath misplaced(HKEY_LOCAL_MACHINE, KEY_WOW64_32KEY);
+  EXPECT_EQ(Findings(),
+            Wrong(kNoValue, "the value stands in the registry of 32-bit programs (WOW6432Node)"));
+}
+
+TEST_F(RunCheckRegistry, AValueOfTheUser) {
+  mpiPath.Remove();
+  const MisplacedMpiPath misplaced(HKEY_CURRENT_USER, 0);
+  EXPECT_EQ(
+      Findings(),
+      Wrong(kNoValue, "the value stands in HKEY_CURRENT_USER and belongs into HKEY_LOCAL_MACHINE"));
+}
+
 TEST_F(RunCheckPlaces, QuotationMarksInTheRegistry) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set("\"" + site.Path("Mpi") + "\"");
   EXPECT_EQ(Findings(),
             "error: IntelMPI_InstallPath holds quotation marks, \"<site>\\Mpi\": the launcher "
@@ -264,7 +388,7 @@ TEST_F(RunCheckPlaces, QuotationMarksInTheRegistry) {
 }
 
 TEST_F(RunCheckPlaces, AFileForAFolderInTheRegistry) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Mpi\\impiexec.exe"));
   EXPECT_EQ(Findings(),
             "error: IntelMPI_InstallPath is a file, <site>\\Mpi\\impiexec.exe: the launcher would "
@@ -275,7 +399,7 @@ TEST_F(RunCheckPlaces, AFileForAFolderInTheRegistry) {
 }
 
 TEST_F(RunCheckPlaces, AFolderWithoutImpiexecInTheRegistry) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Home"));
   EXPECT_EQ(Findings(),
             "error: <site>\\Home\\impiexec.exe does not exist: the launcher would stop with -1 "
@@ -286,7 +410,7 @@ TEST_F(RunCheckPlaces, AFolderWithoutImpiexecInTheRegistry) {
 }
 
 TEST_F(RunCheckPlaces, ASubfolderHoldsImpiexec) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   site.Write("Mpi2\\bin\\impiexec.exe", "");
   mpiPath.Set(site.Path("Mpi2"));
   EXPECT_EQ(Findings(),
@@ -298,7 +422,7 @@ TEST_F(RunCheckPlaces, ASubfolderHoldsImpiexec) {
 }
 
 TEST_F(RunCheckPlaces, ABackslashBehindTheMpiFolderIsInOrder) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Mpi") + "\\");
   EXPECT_EQ(Findings(), kInOrder);
 }
@@ -344,6 +468,17 @@ TEST_F(RunCheckPlaces, APreviousShotThatIsNotThere) {
             "Nothing stands in the way of this run.\n");
 }
 
+TEST_F(RunCheckPlaces, APreviousShotWithoutItsProject) {
+  site.InstallSolver("Qvx3DWarp.exe");
+  site.WriteCmx(std::string(kSerialCmx) +
+                "<SOLID_MCM>\r\nFlagPrevShot=1\r\nValueShotRunID=1\r\n</SOLID_MCM>\r\n");
+  EXPECT_EQ(FindingsFor(kTokens, "Qvx3DWarp.exe"),
+            "note: FlagPrevShot is set and ValueShotProjectPath is empty [previous-shot]\n"
+            "    help: ValueShotProjectPath is the folder of the previous shot's project\n"
+            "\n"
+            "Nothing stands in the way of this run.\n");
+}
+
 TEST_F(RunCheckPlaces, APreviousShotThatIsThere) {
   site.InstallSolver("Qvx3DWarp.exe");
   site.WriteCmx(std::string(kSerialCmx) +
@@ -366,14 +501,15 @@ TEST_F(RunCheckPlaces, TheDebugTraceIsOn) {
 TEST_F(RunCheckPlaces, AProjectDirectoryThatIsItsRunFolder) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis\\Run01*Sample*0*01"),
             "error: the project directory <site>\\Work\\Sample\\Analysis\\Run01 holds no folder "
-            "Analysis: the run would lose its log [project-folder]\n"
+            "Analysis: without its CMX file the run would be distributed and lose its log "
+            "[project-folder]\n"
             "    help: it is written <site>\\Work\\Sample\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckPlaces, ABlankBehindTheMpiFolder) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Mpi") + " ");
   EXPECT_EQ(
       Findings(),

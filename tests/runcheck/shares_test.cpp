@@ -205,6 +205,55 @@ TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginning) {
             "1 warning: this run would start.\n");
 }
 
+TEST_F(RunCheckShares, AWorkingFolderThatBeginsWithinAName) {
+  EXPECT_EQ(
+      FoundWith("<site>\\WORK", "ork"),
+      "Sample01.cmx:8:28: error: ork is not where the project directory begins: the run would "
+      "go to another folder [working-folder]\n"
+      "    8 | ValueParallelWorkingFolder=ork\n"
+      "      |                            ^~ help: it is the shared folder above the "
+      "project, without a backslash at its end\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AWorkingFolderThatStandsThereTwice) {
+  site.Write("Work\\NODE1\\Sample\\Analysis\\Run01\\Sample01.cmx",
+             site.Specific(Replaced(kDmpCmx, "<site>\\WORK", "\\\\NODE1")));
+  EXPECT_EQ(FindingsFor("<site>\\Home*<share>\\Work\\\\NODE1\\Sample*Sample*3*01"),
+            "Sample01.cmx:8:28: warning: \\\\NODE1 stands in the project directory twice, and the "
+            "first place counts: the launcher would cut the project directory at the first place "
+            "[working-folder]\n"
+            "    8 | ValueParallelWorkingFolder=\\\\NODE1\n"
+            "      |                            ^~ help: it is the shared folder above the "
+            "project, without a backslash at its end\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckShares, AShareThatIsAMachineAlone) {
+  EXPECT_EQ(FoundWith("=<name>\\Work", "=\\\\NODE1"),
+            "Sample01.cmx:7:22: error: ValueShareFolderName is a path, \\\\NODE1: the run would go "
+            "to another folder [share-name]\n"
+            "    7 | ValueShareFolderName=\\\\NODE1\n"
+            "      |                      ^~ help: it is the share's name, without backslashes "
+            "around it\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AProjectIniWithAByteOrderMark) {
+  site.WriteCmx(kDmpCmx);
+  site.Write("Home\\Bin\\QVXProject.ini", "\xEF\xBB\xBF[Configuration]\r\n");
+  EXPECT_EQ(
+      Findings(),
+      "error: <site>\\Home\\Bin\\QVXProject.ini begins with a byte-order mark, which hides its "
+      "first section: the run would go to a share without a name [project-ini]\n"
+      "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
+}
+
 TEST_F(RunCheckShares, NoWorkingFolder) {
   EXPECT_EQ(
       FoundWith("ValueParallelWorkingFolder=<site>\\WORK\r\n", ""),

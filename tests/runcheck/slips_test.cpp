@@ -251,7 +251,7 @@ TEST_F(RunCheckSlips, TasksBeyondTheMemory) {
 }
 
 TEST_F(RunCheckSlips, AnMpiFolderThatIsTooLong) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set("C:\\" + std::string(257, 'm'));
   EXPECT_EQ(
       Findings(),
@@ -264,7 +264,7 @@ TEST_F(RunCheckSlips, AnMpiFolderThatIsTooLong) {
 }
 
 TEST_F(RunCheckSlips, AnMpiFolderThatJustFits) {
-  site.WriteCmx(kOneTaskSmpCmx);
+  site.WriteCmx(kDmpCmx);
   mpiPath.Set("C:\\" + std::string(243, 'm'));
   EXPECT_EQ(Replaced(Findings(), std::string(243, 'm'), "<m>"),
             "error: C:\\<m>\\impiexec.exe does not exist: the launcher would stop with -1 "
@@ -310,7 +310,7 @@ TEST_F(RunCheckSlips, AProjectDirectoryThatIsAFileOfIt) {
   EXPECT_EQ(
       FindingsFor("<site>\\Home*<site>\\Work\\Sample\\Analysis\\Run01\\Sample01.cmx*Sample*0*01"),
       "error: the project directory <site>\\Work\\Sample\\Analysis\\Run01\\Sample01.cmx is a file: "
-      "the run would lose its log [project-folder]\n"
+      "without its CMX file the run would be distributed and lose its log [project-folder]\n"
       "    help: it is written <site>\\Work\\Sample\n"
       "\n"
       "1 error: this run would not be the one that is meant.\n");
