@@ -70,6 +70,13 @@ TEST(TextReport, WithoutAWidthNothingIsCut) {
                 "Nothing stands in the way of this run.\n");
 }
 
+TEST(TextReport, AnUnknownModeIsSerial) {
+  Report report = SerialReport();
+  report.passes.front().mode = static_cast<ComputeMode>(7);
+  EXPECT_FALSE(report.passes.front().IsUnderMpi());
+  EXPECT_EQ(TextReport(report, {}), TextReport(SerialReport(), {}));
+}
+
 TEST(TextReport, DiagnosticsAreWrappedAtBlanks) {
   EXPECT_EQ(TextReport(ReportWithFindings(), {false, 50}),
             kCutTo50 +
