@@ -123,7 +123,7 @@ inline constexpr CodeRow kCodes[] = {
      "the launcher would stop with -1",
      "IntelMPI_InstallPath names the folder that holds impiexec.exe", kPreventsStart},
     {"deletes-other-file", kWarning, kWarning, "a file named like an earlier log is none",
-     "the launcher would delete it", "it is moved or renamed before the run"},
+     "the launcher would delete it", "move or rename it before the run"},
     {"debug-trace", kNote, kNote, "the debug-trace switch file exists",
      "the launcher would print its trace", "without the file there is no trace"},
 
@@ -153,13 +153,13 @@ inline constexpr CodeRow kCodes[] = {
      "the launcher would take every value of it as empty",
      "the section is written into the CMX file"},
     {"cmx-unknown-key", kNote, kError, "a key is none of its section's",
-     "the launcher would ignore the line", "the line is left out"},
+     "the launcher would ignore the line", "leave the line out"},
     {"cmx-key-case", kWarning, kError, "a key stands in another letter case",
      "the launcher would ignore the line", "keys are written in their own letter case"},
     {"cmx-key-blank", kWarning, kError, "a tab or another invisible character stands in a key",
      "the launcher would ignore the line", "only spaces may stand beside the key"},
     {"cmx-key-section", kWarning, kError, "a key stands in another section, or in none",
-     "the launcher would ignore the line", "it is moved into its section"},
+     "the launcher would ignore the line", "move it into its section"},
     {"cmx-key-twice", kWarning, kError, "a key comes twice with different values",
      "the launcher would let the last value count", "it stands once"},
     {"cmx-key-missing", kWarning, kError, "a key that the run needs is missing",
@@ -239,7 +239,7 @@ inline constexpr CodeRow kCodes[] = {
 
     // The network
     {"host-unknown", kNote, kNote, "a host's name is not known here",
-     "the MPI process launcher might not find it", "the name is checked"},
+     "the MPI process launcher might not find it", "check the name"},
     {"host-silent", kNote, kNote, "nothing answered in time", "the run may have to wait for it too",
      "--timeout gives it longer"},
     {"share-unreachable", kError, kError, "a shared folder or the shared solver cannot be reached",
@@ -247,7 +247,7 @@ inline constexpr CodeRow kCodes[] = {
      "the share is set up on the storage node"},
     {"not-seen", kNote, kNote, "what remote machines see cannot be told from here",
      "each machine has to reach the shares and the solver by itself",
-     "each machine is tried once by hand"},
+     "try each machine once by hand"},
 };
 
 /// Names a row of the table; a code that is none does not compile.
