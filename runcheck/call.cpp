@@ -16,7 +16,7 @@ constexpr const char* kUsage =
     "                  [--name NAME] [--molding-type N] [--option N]\n"
     "  QVXRunCheck.exe --explain-status N\n"
     "\n"
-    "Behind -- stands exactly what the launcher would be started with.\n";
+    "Behind -- stands exactly what the launcher would be started with.";
 
 /// Empty for one that may be asked for.
 std::string WrongTimeout(const std::string& text) {
@@ -45,16 +45,15 @@ std::unique_ptr<CLI::App> MakeApp(Call& call) {
 }
 
 /// What the parser cannot know.
-std::string WrongCombination(const Call& call) {
-  const RunWords& words = call.words;
-  const bool hasRun = !words.project.empty() || !words.run.empty() || !words.solver.empty();
+std::string WrongCombination(const CLI::App& app, const Call& call) {
+  const std::string word = GivenRunWord(app);
   if (!call.explainStatus.empty()) {
-    return hasRun || call.launcherArguments ? "--explain-status stands alone" : "";
+    return !word.empty() || call.launcherArguments ? "--explain-status stands alone" : "";
   }
   if (call.launcherArguments) {
-    return hasRun ? "--project, --run and --solver do not stand together with --" : "";
+    return word.empty() ? "" : word + " does not stand together with --";
   }
-  return MissingWord(words);
+  return MissingWord(call.words);
 }
 
 }  // namespace
@@ -73,19 +72,15 @@ Call ParseCall(const std::vector<std::string>& arguments) {
     return call;
   }
   const std::unique_ptr<CLI::App> app = MakeApp(call);
-  call.wrong = ParseWords(*app, options);
-  if (!call.wrong.empty()) {
-    const auto first = std::ranges::find_if(options, [](const std::string& option) {
-      return option.find_first_of("*$") != std::string::npos;
-    });
-    if (first != options.end()) {
-      call.wrong = *first +
-                   " stands without -- before it: what the launcher is started with "
-                   "stands behind --";
-    }
-    return call;
+  const WordsMistake mistake = ParseWords(*app, options);
+  call.wrong = mistake.text;
+  if (mistake.unexpected.find_first_of("*$") != std::string::npos) {
+    call.wrong = mistake.unexpected +
+                 " stands without -- before it: what the launcher is started with "
+                 "stands behind --";
   }
-  if (!call.help && !call.version) call.wrong = WrongCombination(call);
+  if (!call.wrong.empty()) return call;
+  if (!call.help && !call.version) call.wrong = WrongCombination(*app, call);
   return call;
 }
 

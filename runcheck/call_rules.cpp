@@ -204,14 +204,14 @@ bool CheckTokenCount(const CallFacts& facts, Diagnostics& found) {
   }
   if (count < kTokenCount) {
     found.push_back(Diagnostic("call-tokens", "the token list holds " + std::to_string(count) +
-                                                  " of 5 tokens" + MissingToken(facts)));
+                                                  " of 5 tokens" + MissingToken(facts))
+                        .Grave());
     return false;
   }
   const std::size_t most = facts.isShell ? 8 : 5;
   if (count > most) {
     found.push_back(Diagnostic("call-tokens", "the token list holds " + std::to_string(count) +
                                                   " tokens, more than " + std::to_string(most))
-                        .As(kWarning)
                         .Because("the launcher would ignore the rest")
                         .Help("a * in a name cuts it in two tokens"));
   }

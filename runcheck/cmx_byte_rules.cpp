@@ -6,9 +6,6 @@
 namespace qvx::runcheck {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr char kControlZ = 0x1A;
-
 bool OpensASection(const CmxFacts& facts, std::string_view text) {
   return std::ranges::any_of(facts.Readings(), [&](const SectionReading& reading) {
     return IsOpeningTag(*reading.section, text);
@@ -63,8 +60,8 @@ void CheckZeroBytes(const CmxFacts& facts, Diagnostics& found) {
     const bool isInside = IsInASection(facts, line);
     if ((isInside && losesText) || OpensASection(facts, line.whole.substr(at + 1))) {
       diagnostic.Grave();
-    } else if (!isInside) {
-      diagnostic.As(kNote);
+    } else if (isInside) {
+      diagnostic.As(kWarning);
     }
     const std::size_t column = line.column + at;
     found.push_back(diagnostic.At(RangeIn(facts.File(), line, column, column + 1), line.whole));

@@ -11,7 +11,6 @@
 namespace qvx::runcheck {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // Separators, and the no-break space of the Windows code pages.
 constexpr std::string_view kInvisible = " \t\r\v\f\xA0";
 

@@ -119,7 +119,7 @@ class KeyRules {
           Diagnostic("cmx-key-section",
                      written + " is a key of " + std::string(other->name) + ", not of " + section)
               .Grave(LosesFlowPass(*other, setting))
-              .Suggest(std::string(other->name), "it is moved into " + std::string(other->name))
+              .Suggest(std::string(other->name), "move it into " + std::string(other->name))
               .At(KeyRange(facts_.File(), setting), setting.line->whole));
     } else if (key = FindSimilarKey(Section(), setting.key); key != nullptr) {
       Add(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
@@ -208,7 +208,7 @@ class KeyRules {
           Diagnostic("cmx-key-section",
                      std::string(name) + " stands outside " + std::string(Section().name))
               .Grave(Changes(*key, line.text.substr(equals + 1)))
-              .Help("it is moved into " + std::string(Section().name))
+              .Help("move it into " + std::string(Section().name))
               .At(RangeIn(facts_.File(), line, start, start + name.size()), line.whole));
     }
   }

@@ -1,8 +1,8 @@
 // The sections of the CMX file that the launcher reads, with their keys.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -75,8 +75,6 @@ inline constexpr CmxKey kMultiShotKeys[] = {
 
 inline constexpr CmxKey kSolidCoolKeys[] = {{"Flag3DSolidCoolingChannel", KeyUse::Flag, 0}};
 
-static_assert(std::size(kRemoteMachineKeys) == kMostKeys);
-
 inline constexpr CmxSection kTaskManagerSection = {"TASKMANAGER", kTaskManagerKeys};
 inline constexpr CmxSection kRemoteMachinesSection = {"REMOTE_MACHINES", kRemoteMachineKeys};
 inline constexpr CmxSection kMultiShotSection = {"SOLID_MCM", kMultiShotKeys};
@@ -85,6 +83,10 @@ inline constexpr CmxSection kSolidCoolSection = {"SOLID_COOL", kSolidCoolKeys};
 /// In the order in which the launcher reads them.
 inline constexpr const CmxSection* kSections[] = {&kTaskManagerSection, &kRemoteMachinesSection,
                                                   &kMultiShotSection, &kSolidCoolSection};
+
+static_assert(std::ranges::all_of(kSections, [](const CmxSection* section) {
+  return section->keys.size() <= kMostKeys;
+}));
 
 /// Null for a text that is no key of the section.
 constexpr const CmxKey* FindKey(const CmxSection& section, std::string_view name) {

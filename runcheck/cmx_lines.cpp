@@ -11,8 +11,6 @@ namespace {
 /// The most that the readers take at once.
 constexpr std::size_t kLongestPiece = 1023;
 
-constexpr char kControlZ = 0x1A;
-
 /// `line`: without its line end. `ended`: a line feed follows, which counts as a byte of the line.
 void AddPieces(CmxLines& lines, std::size_t number, std::string_view line, bool ended) {
   std::size_t start = 0;

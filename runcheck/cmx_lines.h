@@ -16,6 +16,9 @@
 
 namespace qvx::runcheck {
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr char kControlZ = 0x1A;  ///< where the readers, in text mode, end
+
 /// A line, or a piece of one that is too long for the readers.
 struct CmxLine {
   std::size_t number;

@@ -17,10 +17,6 @@
 namespace qvx::runcheck {
 namespace {
 
-std::string Counted(std::size_t count, const std::string& thing) {
-  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
 constexpr const char* kHandedToMpi = "the MPI process launcher would be given it as it stands";
 
 /// Six digits, without zeros at the end.
@@ -184,7 +180,7 @@ class MachineRules {
           Diagnostic(isMachine ? Code("machine-line") : Code("weighting-count"),
                      (text.empty() ? "an empty line" : text) + " is taken as " + block + " " +
                          std::to_string(entry->entry + 1) + " of " + std::to_string(count_))
-              .As(TakesAnOpener(*entry) ? kError : code.Row().usual)
+              .Grave(TakesAnOpener(*entry))
               .Help(holdsMachine
                         ? "the first machine stands in the line after ValueMachineSetting"
                         : "ValueNoMachine is the number of lines in each of the two blocks, which "

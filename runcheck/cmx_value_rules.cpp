@@ -12,10 +12,6 @@ namespace {
 
 bool IsSpaceOrTab(char c) { return c == ' ' || c == '\t'; }
 
-std::string Counted(std::size_t count, const std::string& thing) {
-  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
 /// Checks the value that counts for one key.
 class ValueRules {
  public:

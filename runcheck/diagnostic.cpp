@@ -1,25 +1,27 @@
 #include "runcheck/diagnostic.h"
 
 #include <algorithm>
+#include <cassert>
 #include <limits>
 #include <utility>
 
 namespace qvx::runcheck {
 
 Diagnostic::Diagnostic(Code code, std::string text)
-    : severity(code.Row().usual),
-      gravest(code.Row().gravest),
+    : severity(code.Row().mildest),
+      row(&code.Row()),
       code(code.Row().code),
       summary(std::move(text)),
       consequence(code.Row().consequence),
       help(code.Row().remedy) {}
 
 Diagnostic& Diagnostic::Grave(bool grave) & {
-  if (grave) severity = gravest;
+  if (grave) severity = row->gravest;
   return *this;
 }
 
 Diagnostic& Diagnostic::As(Severity other) & {
+  assert(row->mildest <= other && other <= row->gravest);
   severity = other;
   return *this;
 }
@@ -50,6 +52,10 @@ Diagnostic& Diagnostic::At(Range place, std::string_view line) & {
 std::string_view NameOf(Severity severity) {
   constexpr std::string_view kNames[] = {"note", "warning", "error"};
   return kNames[static_cast<std::size_t>(severity)];
+}
+
+std::string Counted(std::size_t count, const std::string& thing) {
+  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
 std::size_t CountOf(const Diagnostics& diagnostics, Severity severity) {

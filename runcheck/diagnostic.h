@@ -29,7 +29,7 @@ struct Range {
 /// Texts are sentences: lower case at their start, no full stop. In the ANSI code page.
 struct Diagnostic {
   Severity severity;
-  Severity gravest;  ///< the code's
+  const CodeRow* row;
   std::string_view code;
   std::string summary;
   std::string consequence;
@@ -43,7 +43,7 @@ struct Diagnostic {
 
   /// Each changes what the code's row gives, and returns the diagnostic.
   Diagnostic& Grave(bool grave = true) &;  ///< takes the row's gravest severity
-  Diagnostic& As(Severity other) &;
+  Diagnostic& As(Severity other) &;        ///< one between the row's mildest and gravest
   Diagnostic& Because(std::string otherConsequence) &;
   Diagnostic& Help(std::string otherHelp) &;
   Diagnostic& Suggest(std::string name, std::string otherHelp) &;
@@ -65,6 +65,9 @@ struct Diagnostic {
 using Diagnostics = std::vector<Diagnostic>;
 
 std::string_view NameOf(Severity severity);
+
+/// "1 line", "2 lines".
+std::string Counted(std::size_t count, const std::string& thing);
 
 std::size_t CountOf(const Diagnostics& diagnostics, Severity severity);
 

@@ -11,44 +11,48 @@ enum class Severity { Note, Warning, Error };
 
 struct CodeRow {
   std::string_view code;
-  Severity usual;
+  Severity mildest;  ///< what it has where nothing else is said
   Severity gravest;  ///< where it changes the mode, the folders or the machines of the run
   std::string_view meaning;
   std::string_view consequence;
   std::string_view remedy;
+  bool preventsStart = false;  ///< as an error; others make it another run than meant
 };
 
 constexpr Severity kNote = Severity::Note;
 constexpr Severity kWarning = Severity::Warning;
 constexpr Severity kError = Severity::Error;
+constexpr bool kPreventsStart = true;
 
 inline constexpr CodeRow kCodes[] = {
     // The call
     {"wrong-call", kError, kError, "the check itself is called wrongly", "nothing was checked",
-     "QVXRunCheck.exe --help shows both forms of call"},
+     "QVXRunCheck.exe --help shows both forms of call", kPreventsStart},
     {"information", kNote, kNote, "what was asked for: help, version or an exit status explained",
      "nothing was checked", "this needs nothing to be done"},
     {"call-arguments", kError, kError, "the launcher is called with fewer than two arguments",
-     "the launcher would stop with -1 and start nothing", "a call is FIRST_ARGUMENT TOKENS SOLVER"},
+     "the launcher would stop with -1 and start nothing", "a call is FIRST_ARGUMENT TOKENS SOLVER",
+     kPreventsStart},
     {"call-first-argument", kError, kError, "the first argument is missing",
      "the launcher would take the token list for it and the solver's name for the tokens",
-     "a call is FIRST_ARGUMENT TOKENS SOLVER"},
+     "a call is FIRST_ARGUMENT TOKENS SOLVER", kPreventsStart},
     {"call-solver", kError, kError, "the call names no solver, or an empty one",
      "the launcher would take the token list as the solver's name",
-     "the solver's file name is the third argument"},
+     "the solver's file name is the third argument", kPreventsStart},
     {"call-extra-arguments", kWarning, kWarning, "there are more than three arguments",
      "the launcher would ignore those after the third", "a call is FIRST_ARGUMENT TOKENS SOLVER"},
     {"call-unquoted-blank", kError, kError, "a blank without quotation marks cuts the token list",
      "the launcher would take the pieces as tokens and solver",
-     "the token list stands in quotation marks"},
-    {"call-tokens", kError, kError, "the token list holds too few tokens, or more than are read",
+     "the token list stands in quotation marks", kPreventsStart},
+    {"call-tokens", kWarning, kError, "the token list holds too few tokens, or more than are read",
      "the launcher would leave the fields empty and look in other folders",
      "the tokens are home folder, project directory, project name, option, run number"},
     {"call-empty-token", kWarning, kError, "a token is empty",
      "the launcher would skip it and take every later token for the one before",
      "a token that is not needed is written 0"},
     {"call-separator", kError, kError, "the tokens are separated by something other than *",
-     "the launcher would take the whole list as the home folder", "tokens are separated by *"},
+     "the launcher would take the whole list as the home folder", "tokens are separated by *",
+     kPreventsStart},
     {"call-token-order", kWarning, kError, "the tokens stand in another order",
      "the launcher would go to other folders",
      "the order is home folder, project directory, project name, option, run number"},
@@ -68,7 +72,7 @@ inline constexpr CodeRow kCodes[] = {
      "the fourth token is an integer"},
     {"solver-path", kError, kError, "the solver's name holds a path",
      "the launcher would look for it below Bin of the home folder",
-     "the third argument is a file name alone"},
+     "the third argument is a file name alone", kPreventsStart},
     {"solver-name", kWarning, kWarning, "no rule fits the solver's name",
      "the launcher would run it as FLOW", "a solver's name tells its family"},
     {"solver-rule", kNote, kWarning, "a surprising rule decides the solver's family",
@@ -78,14 +82,14 @@ inline constexpr CodeRow kCodes[] = {
      "the launcher would look in another run folder",
      "the run number stands as in the run folder's name"},
     {"text-too-long", kError, kError, "a text is too long for its field",
-     "the launcher would end with -2", "it is shortened to less than the width"},
+     "the launcher would end with -2", "it is shortened to less than the width", kPreventsStart},
     {"cannot-allocate", kError, kError, "a count is beyond the machine's memory",
-     "the launcher would end with -2", "the count is a small number"},
+     "the launcher would end with -2", "the count is a small number", kPreventsStart},
 
     // Places
     {"home-folder", kError, kError, "the home folder is relative, missing or no folder",
      "the launcher would find no solver and stop with -1",
-     "the home folder is the one that holds Bin"},
+     "the home folder is the one that holds Bin", kPreventsStart},
     {"project-folder", kError, kError, "the project directory is relative, missing or no folder",
      "the run would lose its log", "the project directory is the one that holds Analysis"},
     {"run-folder", kError, kError, "the run folder is missing, no folder or cannot be written to",
@@ -95,29 +99,31 @@ inline constexpr CodeRow kCodes[] = {
      "it is the project name, the run number and .cmx in the run folder"},
     {"solver-file", kError, kError, "the solver is missing",
      "the launcher would stop with -1, or the MPI process launcher would fail",
-     "the solver lies in Bin of the home folder"},
+     "the solver lies in Bin of the home folder", kPreventsStart},
     {"solver-program", kError, kError, "the solver is no program for this machine",
-     "it would not start", "a solver is a Windows program for x86-64"},
+     "it would not start", "a solver is a Windows program for x86-64", kPreventsStart},
     {"other-program", kError, kError, "a path with blanks stands without quotation marks",
      "the system would start another program", "the other program is moved away"},
     {"library-missing", kError, kError, "one of the three libraries cannot be loaded",
-     "the launcher would not start", "it lies beside the launcher"},
+     "the launcher would not start", "it lies beside the launcher", kPreventsStart},
     {"library-failed", kError, kError, "one of the three libraries fails",
-     "the launcher would end with -2", "the installation is repaired"},
+     "the launcher would end with -2", "the installation is repaired", kPreventsStart},
     {"project-ini", kError, kError, "QVXProject.ini or its key is missing",
      "the run would go to a share without a name",
      "it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration"},
     {"account-file", kError, kError, "acc.ini is missing or empty",
-     "the launcher would stop with -1", "it holds the MPI accounts and lies in the home folder"},
+     "the launcher would stop with -1", "it holds the MPI accounts and lies in the home folder",
+     kPreventsStart},
     {"mpi-path", kError, kError, "the registry does not tell where impiexec.exe is",
      "the launcher would stop with -1",
      "IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, the folder of "
-     "impiexec.exe"},
+     "impiexec.exe",
+     kPreventsStart},
     {"mpi-launcher", kError, kError, "impiexec.exe is missing or no program for this machine",
      "the launcher would stop with -1",
-     "IntelMPI_InstallPath names the folder that holds impiexec.exe"},
+     "IntelMPI_InstallPath names the folder that holds impiexec.exe", kPreventsStart},
     {"deletes-other-file", kWarning, kWarning, "a file named like an earlier log is none",
-     "the launcher would delete it", "it is moved or renamed before the run"},
+     "the launcher would delete it", "move or rename it before the run"},
     {"debug-trace", kNote, kNote, "the debug-trace switch file exists",
      "the launcher would print its trace", "without the file there is no trace"},
 
@@ -127,7 +133,7 @@ inline constexpr CodeRow kCodes[] = {
     {"cmx-utf-16", kError, kError, "the file is UTF-16",
      "the launcher would read nothing of it and run distributed",
      "the file is saved in the ANSI code page"},
-    {"cmx-zero-byte", kWarning, kError, "a line holds a zero byte",
+    {"cmx-zero-byte", kNote, kError, "a line holds a zero byte",
      "the launcher would read the line up to it", "the byte is removed"},
     {"cmx-control-z", kWarning, kError, "a Ctrl-Z stands within the file",
      "the launcher would read the file up to it", "the byte is removed"},
@@ -147,13 +153,13 @@ inline constexpr CodeRow kCodes[] = {
      "the launcher would take every value of it as empty",
      "the section is written into the CMX file"},
     {"cmx-unknown-key", kNote, kError, "a key is none of its section's",
-     "the launcher would ignore the line", "the line is left out"},
+     "the launcher would ignore the line", "leave the line out"},
     {"cmx-key-case", kWarning, kError, "a key stands in another letter case",
      "the launcher would ignore the line", "keys are written in their own letter case"},
     {"cmx-key-blank", kWarning, kError, "a tab or another invisible character stands in a key",
      "the launcher would ignore the line", "only spaces may stand beside the key"},
     {"cmx-key-section", kWarning, kError, "a key stands in another section, or in none",
-     "the launcher would ignore the line", "it is moved into its section"},
+     "the launcher would ignore the line", "move it into its section"},
     {"cmx-key-twice", kWarning, kError, "a key comes twice with different values",
      "the launcher would let the last value count", "it stands once"},
     {"cmx-key-missing", kWarning, kError, "a key that the run needs is missing",
@@ -180,7 +186,8 @@ inline constexpr CodeRow kCodes[] = {
     {"cmx-number", kWarning, kError, "a value is not the number that is expected",
      "the launcher would read another number", "the value is a plain decimal number"},
     {"task-count", kError, kError, "the number of tasks is no number above 0",
-     "the MPI process launcher would be asked for no process", "ValueNoTask is 1 or more"},
+     "the MPI process launcher would be asked for no process", "ValueNoTask is 1 or more",
+     kPreventsStart},
     {"tasks-differ", kNote, kNote, "several tasks are given and one process runs",
      "the launcher would run serially because ValueLocalNoTask is 1",
      "ValueLocalNoTask holds the number of tasks too"},
@@ -194,7 +201,7 @@ inline constexpr CodeRow kCodes[] = {
     {"machine-count", kError, kError, "ValueNoMachine does not fit the machine block",
      "the run would go to other machines than listed",
      "ValueNoMachine is the number of lines in each of the two blocks"},
-    {"weighting-count", kWarning, kWarning, "ValueNoMachine does not fit the weighting block",
+    {"weighting-count", kWarning, kError, "ValueNoMachine does not fit the weighting block",
      "the launcher would take other lines as weightings, or none",
      "ValueNoMachine is the number of lines in each of the two blocks"},
     {"machine-count-late", kError, kError, "ValueNoMachine stands after a block",
@@ -227,11 +234,12 @@ inline constexpr CodeRow kCodes[] = {
      "the run would go to another folder",
      "it is the shared folder above the project, without a backslash at its end"},
     {"command-line-length", kError, kError, "the command line is too long",
-     "the process would not start, or be ended at once", "machines and paths are made fewer"},
+     "the process would not start, or be ended at once", "machines and paths are made fewer",
+     kPreventsStart},
 
     // The network
     {"host-unknown", kNote, kNote, "a host's name is not known here",
-     "the MPI process launcher might not find it", "the name is checked"},
+     "the MPI process launcher might not find it", "check the name"},
     {"host-silent", kNote, kNote, "nothing answered in time", "the run may have to wait for it too",
      "--timeout gives it longer"},
     {"share-unreachable", kError, kError, "a shared folder or the shared solver cannot be reached",
@@ -239,7 +247,7 @@ inline constexpr CodeRow kCodes[] = {
      "the share is set up on the storage node"},
     {"not-seen", kNote, kNote, "what remote machines see cannot be told from here",
      "each machine has to reach the shares and the solver by itself",
-     "each machine is tried once by hand"},
+     "try each machine once by hand"},
 };
 
 /// Names a row of the table; a code that is none does not compile.

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "execution/smp_launch.h"
+#include "launcher/console_control_handler.h"
 #include "support/fault.h"
 
 namespace qvx::runcheck {
@@ -15,7 +17,7 @@ struct StatusMeaning {
   const char* text;
 };
 
-// The launcher's own. -7000 and -9876 are ends that it gives to its child.
+// The launcher's own. Two are ends that it gives to its child.
 constexpr StatusMeaning kOwn[] = {
     {0,
      "the run went well, or it was cancelled before the solver was started; in a distributed run "
@@ -28,10 +30,10 @@ constexpr StatusMeaning kOwn[] = {
      "the launcher gave up: a text too long for its field, a count too large, no "
      "memory, or a library that failed; the line on standard error says which, and a "
      "solver may have returned it too"},
-    {-7000,
+    {kNoProcessManagerStatus,
      "impiexec.exe found no MPI process manager (smpd) and was ended; the launcher's message shows "
      "the command that installs it on this machine"},
-    {-9876, "the run was cancelled while the solver ran"},
+    {kCancelledChildStatus, "the run was cancelled while the solver ran"},
     {259, "the solver returned 259, which the system also uses for a process that still runs"},
 };
 
@@ -81,8 +83,10 @@ std::string ExplainStatus(int status, std::string (*systemText)(int status)) {
     const std::string system = systemText(status);
     return number + ": " + meaning.text + (system.empty() ? "" : "; the system says: " + system);
   }
-  constexpr int kLargestOwnNumber = 255;
-  if (status > 0 && status <= kLargestOwnNumber) {
+  // The least NTSTATUS that informs: below it the system has only error codes' texts, which say
+  // nothing about a solver's status.
+  constexpr int kFirstSystemStatus = 0x40000000;
+  if (status > 0 && status < kFirstSystemStatus) {
     return number + ": the solver's own, or that of impiexec.exe; the solver's manual explains it";
   }
   const std::string system = systemText(status);

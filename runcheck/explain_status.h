@@ -14,7 +14,8 @@ std::optional<int> ParseStatus(const std::string& text);
 /// empty when it has none.
 std::string ExplainStatus(int status, std::string (*systemText)(int status));
 
-/// From the system's tables of NTSTATUS and error codes, in the ANSI code page.
+/// From the system's tables, in the ANSI code page: that of the NTSTATUS, or of the error code that
+/// it stands for.
 std::string SystemTextOf(int status);
 
 }  // namespace qvx::runcheck

@@ -19,24 +19,13 @@ Json JsonOf(const std::optional<Range>& range, ToUtf8 toUtf8) {
           {"end", position(range->end)}};
 }
 
-const char* NameOfMode(ComputeMode mode) {
-  switch (mode) {
-    case ComputeMode::Smp:
-      return "shared-memory";
-    case ComputeMode::Dmp:
-      return "distributed";
-    default:
-      return "serial";
-  }
-}
-
 Json JsonOf(const Pass& pass, ToUtf8 toUtf8) {
   Json deletes = Json::array();
   for (const std::string& path : pass.deletes) deletes.push_back(toUtf8(path));
   Json environment = Json::object();
   if (pass.IsUnderMpi()) environment[kMpiVariable] = kMpiVariableValue;
   return {{"family", TextsOf(pass.family).name},
-          {"mode", NameOfMode(pass.mode)},
+          {"mode", NameOf(pass.mode)},
           {"solver", toUtf8(pass.solverPath)},
           {"command_line", toUtf8(pass.commandLine)},
           {"reported_path", toUtf8(pass.reportedPath)},

@@ -29,7 +29,9 @@ struct Pass {
   int processCount = 0;
   std::vector<double> weights;
 
-  [[nodiscard]] bool IsUnderMpi() const { return mode != ComputeMode::Serial; }
+  [[nodiscard]] bool IsUnderMpi() const {
+    return mode == ComputeMode::Smp || mode == ComputeMode::Dmp;
+  }
 };
 
 struct Prediction {

@@ -38,6 +38,9 @@ struct Report {
   Diagnostics diagnostics;
 };
 
+/// "serial", "shared-memory" or "distributed"; an unknown mode is serial.
+const char* NameOf(ComputeMode mode);
+
 /// As a terminal shows it, in the ANSI code page.
 std::string TextReport(const Report& report, const TextStyle& style);
 

@@ -2,6 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
+#include <memory>
+#include <set>
 
 #include "runcheck/call_facts.h"
 #include "runcheck/similar_name.h"
@@ -22,11 +25,14 @@ std::string MarkHint(const std::vector<std::string>& texts) {
 }
 
 /// The first of `arguments` that the parser could not use.
-std::string Unexpected(const CLI::App& app, const std::vector<std::string>& arguments) {
+std::string FirstUnexpected(const CLI::App& app, const std::vector<std::string>& arguments) {
   const std::vector<std::string> rest = app.remaining();
-  const std::string first = *std::ranges::find_if(arguments, [&](const std::string& argument) {
+  return *std::ranges::find_if(arguments, [&](const std::string& argument) {
     return std::ranges::find(rest, argument) != rest.end();
   });
+}
+
+std::string Unexpected(const CLI::App& app, const std::string& first) {
   const std::string name =
       AsciiLower(first.substr(std::min(first.find_first_not_of("-/"), first.size())));
   if (name.size() == first.size()) {
@@ -36,9 +42,48 @@ std::string Unexpected(const CLI::App& app, const std::vector<std::string>& argu
   return first + " is no option" + (isKnown ? "; it is written --" + name : "");
 }
 
+/// An option that lacks its value or stands twice: the parser would take the next option as the
+/// value, and has words of its own for the rest. Empty for none.
+std::string WrongValue(const CLI::App& app, const std::vector<std::string>& arguments) {
+  std::set<std::string> seen;
+  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+    const std::string name = argument->substr(0, argument->find('='));
+    const CLI::Option* option = name.starts_with("--") ? app.get_option_no_throw(name) : nullptr;
+    if (option == nullptr || option->get_items_expected_min() == 0) continue;
+    if (name == *argument) {
+      ++argument;
+      if (argument == arguments.end() || argument->starts_with("--")) {
+        return name + " is not followed by its value";
+      }
+    }
+    if (!seen.insert(name).second) return name + " stands twice";
+  }
+  return "";
+}
+
+/// For an option that is one.
+CLI::Validator WholeNumber(const std::string& option) {
+  const auto check = [option](const std::string& text) -> std::string {
+    int number = 0;
+    if (CLI::detail::lexical_cast(text, number)) return "";
+    // Only this kind is told without the option's name before it.
+    throw CLI::ConversionError(option + " takes a whole number, not " + text);
+  };
+  return CLI::Validator(check, "");
+}
+
+class WithoutUsage : public CLI::Formatter {
+ public:
+  std::string make_usage(const CLI::App*, std::string) const override { return ""; }
+};
+
+constexpr const char* kRunWords[] = {"--project", "--run",          "--solver", "--home",
+                                     "--name",    "--molding-type", "--option"};
+
 }  // namespace
 
 void AddRunWords(CLI::App& app, RunWords& words) {
+  app.formatter(std::make_shared<WithoutUsage>());  // the description shows the forms of the call
   app.add_option("--project", words.project, "project directory")->type_name("DIR");
   app.add_option("--run", words.run, "run number, as in the name of its folder")
       ->type_name("NUMBER");
@@ -47,8 +92,18 @@ void AddRunWords(CLI::App& app, RunWords& words) {
       ->type_name("DIR");
   app.add_option("--name", words.name, "project name (from the run folder's only CMX file)")
       ->type_name("NAME");
-  app.add_option("--molding-type", words.moldingType, "molding type (1)")->type_name("N");
-  app.add_option("--option", words.option, "option value (0)")->type_name("N");
+  app.add_option("--molding-type", words.moldingType, "molding type (1)")
+      ->type_name("N")
+      ->check(WholeNumber("--molding-type"));
+  app.add_option("--option", words.option, "option value (0)")
+      ->type_name("N")
+      ->check(WholeNumber("--option"));
+}
+
+std::string GivenRunWord(const CLI::App& app) {
+  const auto* given =
+      std::ranges::find_if(kRunWords, [&](const char* word) { return app.count(word) > 0; });
+  return given == std::end(kRunWords) ? "" : *given;
 }
 
 std::string MissingWord(const RunWords& words) {
@@ -59,17 +114,20 @@ std::string MissingWord(const RunWords& words) {
   return "";
 }
 
-std::string ParseWords(CLI::App& app, const std::vector<std::string>& arguments) {
+WordsMistake ParseWords(CLI::App& app, const std::vector<std::string>& arguments) {
+  const std::string wrongValue = WrongValue(app, arguments);
+  if (!wrongValue.empty()) return {wrongValue + MarkHint(arguments), ""};
   // The parser takes them from the end.
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
     app.parse(reversed);
   } catch (const CLI::ExtrasError&) {
-    return Unexpected(app, arguments) + MarkHint(arguments);
+    const std::string first = FirstUnexpected(app, arguments);
+    return {Unexpected(app, first) + MarkHint(arguments), first};
   } catch (const CLI::ParseError& error) {
-    return FirstLetterLower(error.what()) + MarkHint(arguments);
+    return {FirstLetterLower(error.what()) + MarkHint(arguments), ""};
   }
-  return "";
+  return {};
 }
 
 std::vector<std::string> LauncherArguments(const RunWords& words, const std::string& home,

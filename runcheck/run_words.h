@@ -21,15 +21,23 @@ struct RunWords {
   int option = 0;
 };
 
-/// `words` has to outlive `app`.
+/// Makes them options of `app`, whose help then shows no usage line. `words` has to outlive it.
 void AddRunWords(CLI::App& app, RunWords& words);
+
+/// The first of the words' options that was parsed, in the help's order; empty for none.
+std::string GivenRunWord(const CLI::App& app);
 
 /// "--run is missing" or the like; empty when all words are there that have no default.
 std::string MissingWord(const RunWords& words);
 
-/// Parses `arguments`, which are without the program's own name. Returns what is wrong with them,
-/// empty when nothing is.
-std::string ParseWords(CLI::App& app, const std::vector<std::string>& arguments);
+/// What is wrong with arguments; both empty when nothing is.
+struct WordsMistake {
+  std::string text;
+  std::string unexpected;  ///< the argument that belongs to no option, where that is it
+};
+
+/// Parses `arguments`, which are without the program's own name.
+WordsMistake ParseWords(CLI::App& app, const std::vector<std::string>& arguments);
 
 /// The launcher's arguments, its first one included. `home` and `name` are those of the words, or
 /// found for them.

@@ -21,7 +21,6 @@ std::string Message(DWORD source, HMODULE module, DWORD code) {
 
 std::string SystemTextOf(int status) {
   const auto code = static_cast<DWORD>(status);
-  if (status > 0) return Message(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, code);
   const HMODULE ntdll = GetModuleHandleA("ntdll.dll");
   std::string message = Message(FORMAT_MESSAGE_FROM_HMODULE, ntdll, code);
   if (!message.empty()) return message;

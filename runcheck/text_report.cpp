@@ -9,10 +9,6 @@ namespace {
 
 constexpr std::size_t kLabelWidth = 12;
 
-std::string Counted(std::size_t count, const std::string& thing) {
-  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
 std::string Padded(const std::string& text, std::size_t width) {
   return text + std::string(text.size() < width ? width - text.size() : 0, ' ');
 }
@@ -54,17 +50,6 @@ std::string ModeText(const Pass& pass, std::size_t machines) {
   }
 }
 
-const char* ModeName(ComputeMode mode) {
-  switch (mode) {
-    case ComputeMode::Smp:
-      return "shared-memory";
-    case ComputeMode::Dmp:
-      return "distributed";
-    default:
-      return "serial";
-  }
-}
-
 const Reason* Find(const Report& report, std::string_view fact) {
   const auto found = std::ranges::find(report.reasons, fact, &Reason::fact);
   return found == report.reasons.end() ? nullptr : &*found;
@@ -98,7 +83,7 @@ std::string PassText(const Report& report, const Pass& pass, bool isLast, const 
   };
   const Reason* family = Find(report, isLast ? "family" : "flow pass");
   std::string text = Fact("family", withReason(TextsOf(pass.family).name, family), style);
-  text += Fact("mode", withReason(ModeName(pass.mode), Find(report, "mode")), style);
+  text += Fact("mode", withReason(NameOf(pass.mode), Find(report, "mode")), style);
   text += Fact("solver", pass.solverPath, style);
   text += Fact("command line", pass.commandLine, style);
   text += Fact("log", pass.log.path, style);
@@ -126,16 +111,8 @@ std::string MachinesText(const Report& report, const TextStyle& style) {
   return text + "\n";
 }
 
-/// What keeps a run from its start; other errors make it another run than meant.
 bool PreventsStart(const Diagnostic& diagnostic) {
-  constexpr std::string_view kCodes[] = {
-      "wrong-call",      "call-arguments",      "call-solver",         "text-too-long",
-      "cannot-allocate", "home-folder",         "solver-file",         "solver-path",
-      "solver-program",  "library-missing",     "library-failed",      "account-file",
-      "mpi-path",        "mpi-launcher",        "command-line-length", "task-count",
-      "call-separator",  "call-unquoted-blank", "call-first-argument"};
-  return diagnostic.severity == Severity::Error &&
-         std::ranges::find(kCodes, diagnostic.code) != std::end(kCodes);
+  return diagnostic.severity == Severity::Error && diagnostic.row->preventsStart;
 }
 
 /// A part that a line's end cuts stays as it is.
@@ -163,6 +140,17 @@ std::string VerdictText(const Report& report, const TextStyle& style) {
 }
 
 }  // namespace
+
+const char* NameOf(ComputeMode mode) {
+  switch (mode) {
+    case ComputeMode::Smp:
+      return "shared-memory";
+    case ComputeMode::Dmp:
+      return "distributed";
+    default:
+      return "serial";
+  }
+}
 
 std::string TextReport(const Report& report, const TextStyle& style) {
   std::string text;

@@ -36,7 +36,7 @@ constexpr const char* kUsage =
     "  StartLauncher.exe APPLICATION FIRST_ARGUMENT [ARGUMENT]...\n"
     "\n"
     "The second form checks nothing: it starts APPLICATION with FIRST_ARGUMENT where a program's\n"
-    "name usually stands, prints its exit status and returns 0.\n";
+    "name usually stands, prints its exit status and returns 0.";
 
 constexpr const char* kStatuses =
     "\nExit status of the first form: the launcher's own, with all 32 bits; 1 when it was not\n"
@@ -118,7 +118,7 @@ int StartRun(const Texts& arguments) {
   Call call;
   CLI::App app(kUsage, "StartLauncher.exe");
   AddOptions(app, call);
-  const std::string wrong = runcheck::ParseWords(app, arguments);
+  const std::string wrong = runcheck::ParseWords(app, arguments).text;
   if (!wrong.empty()) return Refuse(kWrongCall, wrong);
   if (call.wantsHelp || arguments.empty()) {
     std::printf("%s%s", app.help().c_str(), kStatuses);

@@ -72,7 +72,7 @@ TEST(CmxKeys, AShortenedKeyThatMayBeTwoIsANote) {
   EXPECT_EQ(Found(Distributed("</REMOTE_MACHINES>", "ValueFolder = C\n</REMOTE_MACHINES>")),
             "Sample03.cmx:15:1: note: ValueFolder is no key of REMOTE_MACHINES [cmx-unknown-key]\n"
             "   15 | ValueFolder = C\n"
-            "      | ^~~~~~~~~~~ help: the line is left out\n");
+            "      | ^~~~~~~~~~~ help: leave the line out\n");
 }
 
 TEST(CmxKeys, ASpaceInAKeyIsInOrder) {
@@ -83,14 +83,14 @@ TEST(CmxKeys, AnUnknownKeyIsANote) {
   EXPECT_EQ(Found(Local("</TASKMANAGER>", "Colour = red\n</TASKMANAGER>")),
             "Sample03.cmx:5:1: note: Colour is no key of TASKMANAGER [cmx-unknown-key]\n"
             "    5 | Colour = red\n"
-            "      | ^~~~~~ help: the line is left out\n");
+            "      | ^~~~~~ help: leave the line out\n");
 }
 
 TEST(CmxKeys, AKeyWithTwoMoreLettersOfSevenIsUnknown) {
   EXPECT_EQ(Found(Local("</TASKMANAGER>", "Versions2 = 1\n</TASKMANAGER>")),
             "Sample03.cmx:5:1: note: Versions2 is no key of TASKMANAGER [cmx-unknown-key]\n"
             "    5 | Versions2 = 1\n"
-            "      | ^~~~~~~~~ help: the line is left out\n");
+            "      | ^~~~~~~~~ help: leave the line out\n");
 }
 
 TEST(CmxKeys, AKeyThatBeginsLikeAnotherIsNotThatOneWithAnotherSeparator) {
@@ -98,10 +98,10 @@ TEST(CmxKeys, AKeyThatBeginsLikeAnotherIsNotThatOneWithAnotherSeparator) {
       Found(Local("</TASKMANAGER>", "Version Number = 3\nValueNoTask-Max = 4\n</TASKMANAGER>")),
       "Sample03.cmx:5:1: note: Version Number is no key of TASKMANAGER [cmx-unknown-key]\n"
       "    5 | Version Number = 3\n"
-      "      | ^~~~~~~~~~~~~~ help: the line is left out\n"
+      "      | ^~~~~~~~~~~~~~ help: leave the line out\n"
       "Sample03.cmx:6:1: note: ValueNoTask-Max is no key of TASKMANAGER [cmx-unknown-key]\n"
       "    6 | ValueNoTask-Max = 4\n"
-      "      | ^~~~~~~~~~~~~~~ help: the line is left out\n");
+      "      | ^~~~~~~~~~~~~~~ help: leave the line out\n");
 }
 
 TEST(CmxKeys, AMisspeltWeightingBlockBesideTheRightOneChangesNothing) {
@@ -132,7 +132,7 @@ TEST(CmxKeys, AKeyOfAnotherSectionIsIgnored) {
             "Sample03.cmx:5:1: warning: ValueNoMachine is a key of REMOTE_MACHINES, not of "
             "TASKMANAGER [cmx-key-section]\n"
             "    5 | ValueNoMachine = 2\n"
-            "      | ^~~~~~~~~~~~~~ help: it is moved into REMOTE_MACHINES\n");
+            "      | ^~~~~~~~~~~~~~ help: move it into REMOTE_MACHINES\n");
 }
 
 TEST(CmxKeys, AKeyOutsideItsSectionIsIgnored) {
@@ -140,7 +140,7 @@ TEST(CmxKeys, AKeyOutsideItsSectionIsIgnored) {
             "Sample03.cmx:1:1: error: IDTaskMode stands outside TASKMANAGER: the launcher would "
             "ignore the line [cmx-key-section]\n"
             "    1 | IDTaskMode = 0\n"
-            "      | ^~~~~~~~~~ help: it is moved into TASKMANAGER\n");
+            "      | ^~~~~~~~~~ help: move it into TASKMANAGER\n");
 }
 
 TEST(CmxKeys, AForeignSectionMayUseTheSameKey) {

@@ -109,11 +109,11 @@ TEST(CmxMistakes, ACoolingFlagInTheWrongSectionLosesThePass) {
   EXPECT_EQ(Said(inTasks, SolverClass::Cool),
             "error cmx-key-section 3:1: Flag3DSolidCoolingChannel is a key of SOLID_COOL, not of "
             "TASKMANAGER: the launcher would ignore the line\n"
-            "  it is moved into SOLID_COOL (SOLID_COOL)\n");
+            "  move it into SOLID_COOL (SOLID_COOL)\n");
   EXPECT_EQ(Said(inTasks + kCooling, SolverClass::Cool),
             "warning cmx-key-section 3:1: Flag3DSolidCoolingChannel is a key of SOLID_COOL, not of "
             "TASKMANAGER: the launcher would ignore the line\n"
-            "  it is moved into SOLID_COOL (SOLID_COOL)\n");
+            "  move it into SOLID_COOL (SOLID_COOL)\n");
 }
 
 TEST(CmxMistakes, ACountOfMachinesGoesIntoTheCommandLineAsItStands) {

@@ -18,8 +18,10 @@ std::string Table() {
   std::string table =
       "| Code | Severity | What is wrong | What follows | What to do |\n|---|---|---|---|---|\n";
   for (const CodeRow& row : kCodes) {
-    const std::string severity =
-        row.usual == row.gravest ? Name(row.usual) : Name(row.usual) + " or " + Name(row.gravest);
+    const std::string between = row.mildest == kNote && row.gravest == kError ? " to " : " or ";
+    const std::string severity = row.mildest == row.gravest
+                                     ? Name(row.mildest)
+                                     : Name(row.mildest) + between + Name(row.gravest);
     table += "| `" + std::string(row.code) + "` | " + severity + " | " + std::string(row.meaning) +
              " | " + std::string(row.consequence) + " | " + std::string(row.remedy) + " |\n";
   }

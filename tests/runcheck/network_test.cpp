@@ -13,12 +13,12 @@ constexpr const char* kNames =
     "  no-such-host.invalid      1        0.4           0.4  unknown\n"
     "\n"
     "note: the name no-such-host.invalid is not known here [host-unknown]\n"
-    "    help: the name is checked\n"
+    "    help: check the name\n"
     "note: the name NODE1 is not known here [host-unknown]\n"
-    "    help: the name is checked\n";
+    "    help: check the name\n";
 constexpr const char* kNotSeen =
     "note: what remote machines see cannot be told from here [not-seen]\n"
-    "    help: each machine is tried once by hand\n"
+    "    help: try each machine once by hand\n"
     "\n";
 
 class RunCheckNetwork : public RunCheckTest {
@@ -64,7 +64,7 @@ TEST_F(RunCheckNetwork, AHostThatIsKnownNeedsNoWord) {
             "cannot be reached from here: the run would lose its log [share-unreachable]\n"
             "    help: the share is set up on the storage node\n"
             "note: what remote machines see cannot be told from here [not-seen]\n"
-            "    help: each machine is tried once by hand\n"
+            "    help: try each machine once by hand\n"
             "\n"
             "2 errors: this run would not be the one that is meant.\n");
 }

@@ -267,7 +267,7 @@ TEST_F(RunCheckPlaces, AFileNamedLikeALog) {
   EXPECT_EQ(Findings(),
             "warning: console_redirect_serial_Flow_notes.txt is no log of the launcher and would "
             "be deleted [deletes-other-file]\n"
-            "    help: it is moved or renamed before the run\n"
+            "    help: move or rename it before the run\n"
             "\n"
             "1 warning: this run would start.\n");
 }

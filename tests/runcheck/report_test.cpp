@@ -2,6 +2,7 @@
 #include <string>
 
 #include "tests/runcheck/findings.h"
+#include "version.h"
 
 namespace qvx::test {
 namespace {
@@ -242,7 +243,7 @@ TEST_F(RunCheckReport, JsonOfAWrongCall) {
           "errors", 1,
           "      \"severity\": \"error\",\n"
           "      \"code\": \"wrong-call\",\n"
-          "      \"summary\": \"--timeout: 1 required SECONDS missing\",\n"
+          "      \"summary\": \"--timeout is not followed by its value\",\n"
           "      \"detail\": \"nothing was checked; QVXRunCheck.exe --help shows both forms of "
           "call\",\n"));
   EXPECT_EQ(status, 2);
@@ -254,7 +255,7 @@ TEST_F(RunCheckReport, JsonOfTheVersion) {
                 "ready", 0,
                 "      \"severity\": \"note\",\n"
                 "      \"code\": \"information\",\n"
-                "      \"summary\": \"QVXRunCheck 13.0.0\",\n"
+                "      \"summary\": \"QVXRunCheck " QVX_VERSION "\",\n"
                 "      \"detail\": \"nothing was checked; this needs nothing to be done\",\n"));
   EXPECT_EQ(status, 0);
 }
@@ -284,7 +285,7 @@ TEST_F(RunCheckReport, TwoCmxFilesNeedAName) {
 }
 
 TEST_F(RunCheckReport, TheVersion) {
-  EXPECT_EQ(Answer({"--version"}), "QVXRunCheck 13.0.0\n");
+  EXPECT_EQ(Answer({"--version"}), "QVXRunCheck " QVX_VERSION "\n");
   EXPECT_EQ(status, 0);
 }
 
@@ -323,8 +324,6 @@ TEST_F(RunCheckReport, TheHelpAndNoArgument) {
       "\n"
       "Behind -- stands exactly what the launcher would be started with.\n"
       "\n"
-      "Usage: QVXRunCheck.exe [OPTIONS]\n"
-      "\n"
       "Options:\n"
       "  -h,--help                   show this help, like /?\n"
       "  --version                   show the version\n"
@@ -355,6 +354,18 @@ TEST_F(RunCheckReport, TheLaunchersArgumentsStandBehindTheSeparator) {
             "behind --: nothing was checked [wrong-call]\n"
             "    help: QVXRunCheck.exe --help shows both forms of call\n");
   EXPECT_EQ(status, 2);
+}
+
+TEST_F(RunCheckReport, LeavesWildcardsOnItsCommandLineAlone) {
+  EXPECT_EQ(Answer({"<site>\\Home\\B?n"}),
+            "error: <site>\\Home\\B?n belongs to no option; a text with blanks stands in quotation "
+            "marks: nothing was checked [wrong-call]\n"
+            "    help: QVXRunCheck.exe --help shows both forms of call\n");
+  EXPECT_EQ(Findings({"L$1", kTokens, kFlow, "<site>\\Home\\*"}),
+            "warning: the call has 4 arguments [call-extra-arguments]\n"
+            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+            "\n"
+            "1 warning: this run would start.\n");
 }
 
 }  // namespace

@@ -51,6 +51,7 @@ TEST_F(RunCheckShares, AnEmptyAccountFile) {
 
 TEST_F(RunCheckShares, ALocalRunNeedsNoAccounts) {
   site.Remove("Home\\acc.ini");
+  site.Remove("Home\\Bin\\QVXProject.ini");
   EXPECT_EQ(Findings(), kInOrder);
 }
 

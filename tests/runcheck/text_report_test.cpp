@@ -70,6 +70,13 @@ TEST(TextReport, WithoutAWidthNothingIsCut) {
                 "Nothing stands in the way of this run.\n");
 }
 
+TEST(TextReport, AnUnknownModeIsSerial) {
+  Report report = SerialReport();
+  report.passes.front().mode = static_cast<ComputeMode>(7);
+  EXPECT_FALSE(report.passes.front().IsUnderMpi());
+  EXPECT_EQ(TextReport(report, {}), TextReport(SerialReport(), {}));
+}
+
 TEST(TextReport, DiagnosticsAreWrappedAtBlanks) {
   EXPECT_EQ(TextReport(ReportWithFindings(), {false, 50}),
             kCutTo50 +
@@ -85,7 +92,7 @@ TEST(TextReport, DiagnosticsAreWrappedAtBlanks) {
                 "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
                 "note: what remote machines see is not told\n"
                 "    [not-seen]\n"
-                "    help: each machine is tried once by hand\n"
+                "    help: try each machine once by hand\n"
                 "\n"
                 "1 error, 1 warning: this run would not be the one\n"
                 "that is meant.\n");
@@ -102,7 +109,7 @@ TEST(TextReport, ColoursMarkHeadingSeveritiesAndPlaces) {
           "\033[1;33mwarning:\033[0m the call has 4 arguments [call-extra-arguments]\n"
           "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
           "\033[1;36mnote:\033[0m what remote machines see is not told [not-seen]\n"
-          "    help: each machine is tried once by hand\n"
+          "    help: try each machine once by hand\n"
           "\n"
           "\033[1;31m1 error\033[0m, \033[1;33m1 warning\033[0m: this run would not be the one "
           "that is meant.\n");

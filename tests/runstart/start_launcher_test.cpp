@@ -157,6 +157,9 @@ TEST_F(StartLauncher, SaysWhatIsWrongWithItsCallAndStartsNothing) {
       {{"--project", "C:\\P", "--solver", "Qvx3DFlow.exe"}, "--run is missing"},
       {{"--project", "C:\\P", "--run", "01"}, "--solver is missing"},
       {{"--solvr", "Qvx3DFlow.exe"}, "--solvr is no option"},
+      {{"--solver", "--name", "Sample"}, "--solver is not followed by its value"},
+      {{"--run", "01", "--run", "02"}, "--run stands twice"},
+      {{"--option", "abc"}, "--option takes a whole number, not abc"},
       {{"lonely"}, "lonely belongs to no option; a text with blanks stands in quotation marks"},
   };
   for (const auto& [arguments, what] : calls) {
