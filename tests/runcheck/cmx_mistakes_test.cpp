@@ -2,9 +2,12 @@
 // launcher would make of it, and its near miss is not.
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <memory>
 #include <string>
 
 #include "runcheck/call_facts.h"
+#include "runcheck/share_rules.h"
 #include "support/trailing_backslash.h"
 #include "tests/runcheck/cmx_found.h"
 
@@ -244,6 +247,24 @@ TEST(DoubleByte, TheSecondHalfOfALetterIsInOrderInAHostName) {
             "error machine-host 10:5: \\\\N\x95\\ is no host name: the MPI process launcher would "
             "ask for another machine\n"
             "  the name is written N\x95\\ (N\x95\\)\n");
+}
+
+TEST(DoubleByte, TheSecondHalfOfALetterIsInOrderInAShareAndItsNode) {
+  if (!IsLeadByte('\x95')) GTEST_SKIP() << "another code page";
+  const CmxFacts facts({"Sample03.cmx", Distributed()}, SolverClass::Flow);
+  Prediction prediction;
+  prediction.context = std::make_unique<LauncherContext>();
+  prediction.isPrepared = true;
+  RemoteMachineSettings& settings = prediction.context->remoteMachineSettings;
+  std::strcpy(settings.ValueStorageNode, "N\x95\\");
+  std::strcpy(settings.ValueShareFolderName, "P\x83|");
+  Diagnostics found;
+  CheckShares(facts, prediction, found);
+  EXPECT_TRUE(found.empty()) << found.front().summary;
+  std::strcpy(settings.ValueShareFolderName, "\\P\x95\\");
+  CheckShares(facts, prediction, found);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().help, "the share is written P\x95\\");
 }
 
 }  // namespace
