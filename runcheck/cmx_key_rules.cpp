@@ -90,9 +90,6 @@ class KeyRules {
     if (grave && meant.use == KeyUse::Mode) {
       diagnostic.Because("the launcher would ignore the line and run distributed");
     }
-    if (meant.use == KeyUse::WeightingBlock && reading_.Find(meant) == nullptr) {
-      diagnostic.Because("the launcher would ignore the line, and all weights would be 0");
-    }
     explained_.insert(meant.name);
     found_.push_back(
         std::move(diagnostic).At(KeyRange(facts_.File(), setting), setting.line->whole));

@@ -65,7 +65,10 @@ class CmxPipe {
 /// Cancels while the launcher waits for its first section.
 std::string CancelReading(LauncherProcess& launcher, std::unique_ptr<CmxPipe> first) {
   first->AwaitReader();
+  const std::size_t threads = launcher.Threads();
   const bool cancelled = launcher.SendCtrlC() && launcher.WaitForOutput(kCtrlC);
+  // The handler prints before it cancels.
+  while (cancelled && launcher.Runs() && launcher.Threads() > threads) Sleep(1);
   // There for the second section before the first is let go.
   const CmxPipe second;
   first->Serve(kSerialCmx);

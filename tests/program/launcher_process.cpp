@@ -1,6 +1,7 @@
 #include "tests/program/launcher_process.h"
 
 #include <psapi.h>
+#include <tlhelp32.h>
 
 #include <chrono>
 #include <stdexcept>
@@ -122,6 +123,19 @@ bool LauncherProcess::WaitForOutput(const std::string& text) {
 bool LauncherProcess::SendCtrlC() const {
   const std::string commandLine = "send_ctrl_c " + std::to_string(process_.dwProcessId);
   return StatusOf(ProgramPath("tests\\send_ctrl_c.exe"), commandLine) == 0;
+}
+
+std::size_t LauncherProcess::Threads() const {
+  const HANDLE threads = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+  std::size_t count = 0;
+  THREADENTRY32 entry = {};
+  entry.dwSize = sizeof entry;
+  for (BOOL more = Thread32First(threads, &entry); more != 0;
+       more = Thread32Next(threads, &entry)) {
+    if (entry.th32OwnerProcessID == process_.dwProcessId) ++count;
+  }
+  CloseHandle(threads);
+  return count;
 }
 
 std::size_t LauncherProcess::PeakWorkingSet() const {

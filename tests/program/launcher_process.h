@@ -38,6 +38,9 @@ class LauncherProcess {
 
   bool Runs() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT; }
 
+  /// How many threads it has. One more while the system calls its console control handler.
+  std::size_t Threads() const;
+
   /// The most memory that it had at a time so far, in bytes.
   std::size_t PeakWorkingSet() const;
 

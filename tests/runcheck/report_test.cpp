@@ -203,7 +203,7 @@ TEST_F(RunCheckReport, JsonIsOneObject) {
       "      \"severity\": \"warning\",\n"
       "      \"code\": \"cmx-unknown-key\",\n"
       "      \"summary\": \"ValueMachinWeighting is no key of REMOTE_MACHINES\",\n"
-      "      \"detail\": \"the launcher would ignore the line, and all weights would be 0; "
+      "      \"detail\": \"the launcher would ignore the line; "
       "a key of this section is written ValueMachineWeighting\",\n"
       "      \"range\": {\n"
       "        \"filename\": \"Sample01.cmx\",\n"
