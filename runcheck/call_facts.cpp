@@ -47,7 +47,7 @@ CallFacts FactsOf(std::vector<std::string> arguments) {
 }
 
 std::string CallFacts::FolderNumber() const {
-  const std::string run = Token(kRunNumber);
+  std::string run = Token(kRunNumber);
   if (!isShell) return run;
   char text[16];
   std::snprintf(text, sizeof text, "%02d", ParseInteger(run.c_str()));

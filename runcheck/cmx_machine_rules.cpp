@@ -296,7 +296,8 @@ class MachineRules {
     std::string_view name = TrimmedOfInvisible(host);
     constexpr const char* kAround = "\"'\\/";
     name.remove_prefix(std::min(name.find_first_not_of(kAround), name.size()));
-    while (!name.empty() && FindCharacter(name, kAround, name.size() - 1) != name.npos) {
+    while (!name.empty() &&
+           FindCharacter(name, kAround, name.size() - 1) != std::string_view::npos) {
       name.remove_suffix(1);
     }
     return std::string(name);

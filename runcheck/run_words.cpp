@@ -69,12 +69,14 @@ CLI::Validator WholeNumber(const std::string& option) {
     // Only this kind is told without the option's name before it.
     throw CLI::ConversionError(option + " takes a whole number, not " + text);
   };
-  return CLI::Validator(check, "");
+  return {check, ""};
 }
 
 class WithoutUsage : public CLI::Formatter {
  public:
-  std::string make_usage(const CLI::App*, std::string) const override { return ""; }
+  std::string make_usage(const CLI::App* /*app*/, std::string /*name*/) const override {
+    return "";
+  }
 };
 
 constexpr const char* kRunWords[] = {"--project", "--run",          "--solver", "--home",
