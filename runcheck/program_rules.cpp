@@ -218,7 +218,7 @@ class ProgramRules {
     for (std::size_t start = 0; start < bytes.size();) {
       const std::size_t end = std::min(bytes.find('\n', start), bytes.size());
       const std::string line = bytes.substr(start, end - start);
-      const std::string key(Trimmed(line.substr(0, line.find('='))));
+      std::string key(Trimmed(line.substr(0, line.find('='))));
       if (line.find('=') != std::string::npos && IsSimilar(key, kFolderNameKey)) return key;
       start = end + 1;
     }
