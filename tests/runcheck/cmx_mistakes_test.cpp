@@ -49,9 +49,8 @@ TEST(CmxMistakes, AClosingTagWithTheSlashAtItsEnd) {
 }
 
 TEST(CmxMistakes, AModeOfZeroWithMoreBehindItIsMeantLocally) {
-  for (const char* mode : {"0 local", "0/1", "0 = local", "0, ValueNoTask = 1", "{0}",
-                           "\xC2\xA0"
-                           "0"}) {
+  for (const char* mode :
+       {"0 local", "0/1", "0 = local", "0, ValueNoTask = 1", "{0}", "\302\2400"}) {
     EXPECT_EQ(Said(Local("IDTaskMode = 0", std::string("IDTaskMode = ") + mode)),
               std::string("error cmx-mode 2:14: IDTaskMode is ") + mode +
                   ", neither 0 nor 1: the value is not 0 and the run would be distributed\n"
