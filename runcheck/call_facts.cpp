@@ -70,7 +70,7 @@ bool LooksLikePath(std::string_view text) {
 }
 
 bool EndsInSlash(std::string_view path) {
-  return !path.empty() && FindCharacter(path, "\\/", path.size() - 1) != std::string_view::npos;
+  return !path.empty() && LastSeparator(path) == path.size() - 1;
 }
 
 std::size_t LastSeparator(std::string_view path) {

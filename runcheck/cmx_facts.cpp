@@ -21,7 +21,9 @@ std::size_t CharacterSize(std::string_view text) {
 }
 
 bool IsInvisible(std::string_view character) {
-  return character == kByteOrderMark || kInvisible.find(character) != std::string_view::npos;
+  return character.size() == 1
+             ? std::ranges::find(kInvisible, character.front()) != kInvisible.end()
+             : character == kByteOrderMark;
 }
 
 /// Calls `visit` with the place and the size of every character that can be seen, or of every

@@ -42,10 +42,10 @@ std::optional<NearTag> CrowdedTagOf(const CmxFacts& facts, std::string_view writ
 }
 
 std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
-  const std::string_view written = TrimmedOfInvisible(line.text);
   for (const SectionReading& reading : facts.Readings()) {
     if (IsExactTag(*reading.section, line.text)) return std::nullopt;
   }
+  const std::string_view written = TrimmedOfInvisible(line.text);
   if (const std::optional<NearTag> tag = CrowdedTagOf(facts, written)) return tag;
   if (written.size() > kLongestTag || written.empty() ||
       written.find('=') != std::string_view::npos) {

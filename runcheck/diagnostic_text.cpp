@@ -107,8 +107,8 @@ std::string DiagnosticText(const Diagnostic& diagnostic, const TextStyle& style)
             std::to_string(range.start.column) + ": ";
   }
   std::string heading = place + severity + " " + Shown(diagnostic.summary);
-  // What follows stands after what is wrong where it stops or spoils the run, or goes without
-  // saying for its code no more.
+  // What follows stands after what is wrong where it stops or spoils the run, or where it is not
+  // what follows from every diagnostic of the code.
   const bool isSaid = diagnostic.severity == Severity::Error ||
                       (diagnostic.severity == Severity::Warning && diagnostic.hasOwnConsequence);
   if (isSaid) heading += ": " + diagnostic.consequence;

@@ -31,7 +31,7 @@ std::string RunCheckTest::Answer(std::vector<std::string> arguments) const {
 std::string RunCheckTest::Findings(const std::vector<std::string>& launcherArguments) const {
   std::vector<std::string> arguments = {"--"};
   arguments.insert(arguments.end(), launcherArguments.begin(), launcherArguments.end());
-  const std::string answer = Answer(arguments);
+  std::string answer = Answer(arguments);
   const std::string verdict = answer.substr(answer.rfind('\n', answer.size() - 2) + 1);
   EXPECT_EQ(status, verdict.find(" error") == std::string::npos ? 0 : 1) << verdict;
   // Behind the heading and the facts, which begin with "Run" and two blanks.

@@ -8,6 +8,14 @@
 namespace qvx::test {
 namespace {
 
+const std::string kMissingMpiTool =
+    "\n"
+    "error: QVXMPITool.dll, or a library that it needs, is missing: the launcher would not start "
+    "[library-missing]\n"
+    "    help: it lies beside the launcher\n"
+    "\n"
+    "1 error: this run would not start.\n";
+
 class RunCheckLibraries : public RunCheckTest {
  protected:
   RunCheckLibraries() {
@@ -37,27 +45,14 @@ TEST_F(RunCheckLibraries, AllOfThemAreInOrder) {
 
 TEST_F(RunCheckLibraries, AMissingOneIsNamed) {
   site.Remove("Program\\QVXMPITool.dll");
-  EXPECT_EQ(Diagnostics(),
-            "Run 01 of <site>\\Work\\Sample: FLOW\n"
-            "\n"
-            "error: QVXMPITool.dll, or a library that it needs, is missing: the launcher would not "
-            "start [library-missing]\n"
-            "    help: it lies beside the launcher\n"
-            "\n"
-            "1 error: this run would not start.\n");
+  EXPECT_EQ(Diagnostics(), "Run 01 of <site>\\Work\\Sample: FLOW\n" + kMissingMpiTool);
 }
 
 TEST_F(RunCheckLibraries, AMissingOneLeavesAShellSolversRunFolderAlone) {
   site.Remove("Program\\QVXMPITool.dll");
   EXPECT_EQ(Ask({"--", "L$1*<site>\\Home\\*<site>\\Work\\Sample*Sample*0*1", "-", "QvxFlow.exe"},
                 site.Path("Program\\QVXRunCheck.exe")),
-            "Run 01 of <site>\\Work\\Sample: SHELLFLOW\n"
-            "\n"
-            "error: QVXMPITool.dll, or a library that it needs, is missing: the launcher would not "
-            "start [library-missing]\n"
-            "    help: it lies beside the launcher\n"
-            "\n"
-            "1 error: this run would not start.\n");
+            "Run 01 of <site>\\Work\\Sample: SHELLFLOW\n" + kMissingMpiTool);
 }
 
 TEST_F(RunCheckLibraries, OneThatIsNoLibraryIsNamed) {

@@ -91,10 +91,10 @@ TEST_F(RunCheckPlaces, AMissingProjectDirectory) {
 }
 
 TEST_F(RunCheckPlaces, AMisspeltProjectDirectoryWithSlashes) {
-  EXPECT_EQ(FindingsFor("<site>\\Home*C:/NODE1/<name>/Work/Sampel*Sample*0*01"),
-            "error: the project directory C:/NODE1/<name>/Work/Sampel does not exist: without its "
+  EXPECT_EQ(FindingsFor("<site>\\Home*C:/NODE1/<name>\\Work/Sampel*Sample*0*01"),
+            "error: the project directory C:/NODE1/<name>\\Work/Sampel does not exist: without its "
             "CMX file the run would be distributed and lose its log [project-folder]\n"
-            "    help: there is a folder C:/NODE1/<name>/Work/Sample\n"
+            "    help: there is a folder C:/NODE1/<name>\\Work/Sample\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }
