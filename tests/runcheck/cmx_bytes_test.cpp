@@ -120,5 +120,19 @@ TEST(CmxBytes, ALongLineElsewhereIsInOrder) {
   EXPECT_EQ(Found("<MESH>\n" + std::string(3000, 'm') + "\n</MESH>\n" + Local()), "");
 }
 
+TEST(CmxBytes, LastLettersOfOtherCodePagesAreVisible) {
+  // The last byte of Greek and Russian names is one of a byte-order mark.
+  for (const char* name : {"\xC5\xF1\xE3\xEF", "\xD2\xE8\xEF", "C:\\\xC4\xBF", "C:\\x\xBB"}) {
+    EXPECT_EQ(TrimmedOfInvisible(name), name);
+  }
+}
+
+TEST(CmxBytes, MarksAndBlanksOfEveryKindAreInvisible) {
+  EXPECT_EQ(TrimmedOfInvisible("\xEF\xBB\xBF \t\xA0"
+                               "Name\xA0\t \xEF\xBB\xBF"),
+            "Name");
+  EXPECT_EQ(TrimmedOfInvisible("\xEF\xBB\xBF \t\xA0"), "");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck

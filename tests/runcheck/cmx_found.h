@@ -71,4 +71,23 @@ inline std::string Found(const std::string& file, SolverClass solverClass = Solv
   return text;
 }
 
+/// The same in two lines for each finding: severity, code and place, what is wrong and what
+/// follows; what to do.
+inline std::string FoundInShort(const std::string& file,
+                                SolverClass solverClass = SolverClass::Flow) {
+  std::string text;
+  const CmxFacts facts({"Sample03.cmx", file}, solverClass);
+  for (const Diagnostic& diagnostic : CheckCmxFile(facts)) {
+    text += std::string(NameOf(diagnostic.severity)) + " " + std::string(diagnostic.code);
+    if (diagnostic.range) {
+      const Position& start = diagnostic.range->start;
+      text += " " + std::to_string(start.line) + ":" + std::to_string(start.column);
+    }
+    text += ": " + diagnostic.summary + ": " + diagnostic.consequence + "\n  " + diagnostic.help;
+    if (diagnostic.suggestion) text += " (" + *diagnostic.suggestion + ")";
+    text += "\n";
+  }
+  return text;
+}
+
 }  // namespace qvx::runcheck

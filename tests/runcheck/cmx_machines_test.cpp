@@ -213,5 +213,62 @@ TEST(CmxMachines, HostsThatBeginAlikeAreInOrder) {
   EXPECT_EQ(Found(Distributed("2 = NODE2\t1", "2 = NODE10\t1")), "");
 }
 
+TEST(CmxMachines, ACountOfMachinesGoesIntoTheCommandLineAsItStands) {
+  EXPECT_EQ(
+      FoundInShort(Distributed("Machine = 2", "Machine = 2 ; both")),
+      "error machine-count 5:18: ValueNoMachine is 2 ; both, no plain number: the MPI process "
+      "launcher would be given it as it stands\n"
+      "  the value is written 2 (2)\n");
+}
+
+TEST(CmxMachines, ABlankBehindTheCountOfMachinesIsNoError) {
+  EXPECT_EQ(
+      FoundInShort(Distributed("Machine = 2", "Machine = 2 ")),
+      "warning cmx-number 5:18: ValueNoMachine is 2 , no plain number: the launcher would read "
+      "it as 2\n"
+      "  the value is written 2 (2)\n");
+}
+
+TEST(CmxMachines, QuotationMarksAroundAHost) {
+  EXPECT_EQ(FoundInShort(Distributed("NODE1\t", "\"NODE1\"\t")),
+            "warning machine-host 10:5: quotation marks stand around the host name NODE1: the "
+            "launcher would hand them on as they stand\n"
+            "  the name is written NODE1 (NODE1)\n");
+}
+
+TEST(CmxMachines, BackslashesBeforeAHost) {
+  EXPECT_EQ(
+      FoundInShort(Distributed("NODE1\t", "\\\\NODE1\t")),
+      "error machine-host 10:5: \\\\NODE1 is no host name: the MPI process launcher would ask "
+      "for another machine\n"
+      "  the name is written NODE1 (NODE1)\n");
+}
+
+TEST(CmxMachines, ATabBeforeAHost) {
+  EXPECT_EQ(FoundInShort(Distributed("= NODE1\t", "= \tNODE1\t")),
+            "error machine-host 10:5: a tab stands before the host name NODE1: the MPI process "
+            "launcher would ask for another machine\n"
+            "  the host name stands first (NODE1)\n");
+}
+
+TEST(CmxMachines, ARemarkBehindTheTasks) {
+  EXPECT_EQ(FoundInShort(Distributed("NODE1\t2", "NODE1\t2 ; fast")),
+            "error machine-tasks 10:5: the tasks of NODE1 are 2 ; fast, no plain number: the MPI "
+            "process launcher would be given it as it stands\n"
+            "  the tasks are written 2 (2)\n");
+}
+
+TEST(CmxMachines, ARemarkBehindTheTasksAndATab) {
+  EXPECT_EQ(FoundInShort(Distributed("NODE1\t2", "NODE1\t2\t; fast")), "");
+}
+
+TEST(CmxMachines, AMachineOnTheLineThatOpensTheBlock) {
+  EXPECT_EQ(
+      FoundInShort(Distributed("host, tasks\n1 = NODE1", "NODE1")),
+      "error machine-line 11:1: ValueMachineWeighting = weight is taken as machine 2 of 2: the "
+      "run would go to other machines than listed\n"
+      "  the first machine stands in the line after ValueMachineSetting\n");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck

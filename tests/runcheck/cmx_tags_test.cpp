@@ -182,5 +182,32 @@ TEST(CmxTags, AMissingRemoteMachinesLeavesNoMachine) {
             "    help: the section is written into the CMX file\n");
 }
 
+TEST(CmxTags, AnOpeningTagWithASlashAtItsEnd) {
+  EXPECT_EQ(
+      FoundInShort(Local("<TASKMANAGER>", "<TASKMANAGER/>")),
+      "error cmx-tag 1:1: <TASKMANAGER/> is not the tag <TASKMANAGER>: the launcher would see "
+      "no such section and run distributed\n"
+      "  the tag is written <TASKMANAGER>, alone on its line (<TASKMANAGER>)\n");
+}
+
+TEST(CmxTags, AClosingTagWithTheSlashAtItsEnd) {
+  EXPECT_EQ(FoundInShort(Local("</TASKMANAGER>", "<TASKMANAGER/>")),
+            "warning cmx-tag 5:1: <TASKMANAGER/> is not the tag </TASKMANAGER>: the launcher would "
+            "read on to the end of the file\n"
+            "  the tag is written </TASKMANAGER>, alone on its line (</TASKMANAGER>)\n");
+}
+
+TEST(CmxTags, ASectionWithinAnotherIsReadAllTheSame) {
+  EXPECT_EQ(FoundInShort(Distributed("</TASKMANAGER>\n", "") + "</TASKMANAGER>\n"), "");
+}
+
+TEST(CmxTags, KeysOfASectionThatIsNotClosedWithinAnother) {
+  EXPECT_EQ(
+      FoundInShort(Local("ValueNoTask = 1\n", "<OTHER>\nValueNoTasks = 1\n")),
+      "warning cmx-unknown-key 4:1: ValueNoTasks is no key of TASKMANAGER: the launcher would "
+      "ignore the line\n"
+      "  a key of this section is written ValueNoTask (ValueNoTask)\n");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck

@@ -223,5 +223,67 @@ TEST(CmxValues, LettersOfAnotherCaseInAValueAreInOrder) {
   EXPECT_EQ(Found(Changed(Distributed("= NODE1\n", "= node1\n"), "= NODE1\t", "= Node1\t")), "");
 }
 
+TEST(CmxValues, AModeOfZeroWithMoreBehindItIsMeantLocally) {
+  for (const char* mode :
+       {"0 local", "0/1", "0 = local", "0, ValueNoTask = 1", "{0}", "\302\2400"}) {
+    EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", std::string("IDTaskMode = ") + mode)),
+              std::string("error cmx-mode 2:14: IDTaskMode is ") + mode +
+                  ", neither 0 nor 1: the value is not 0 and the run would be distributed\n"
+                  "  a run on this machine is written 0 (0)\n");
+  }
+}
+
+TEST(CmxValues, AModeOfTenIsNotMeantLocally) {
+  EXPECT_EQ(FoundInShort(Distributed("IDTaskMode = 1", "IDTaskMode = 10")),
+            "warning cmx-mode 2:14: IDTaskMode is 10, neither 0 nor 1: the run would be "
+            "distributed, as with 1\n"
+            "  0 is this machine, 1 is several\n");
+}
+
+TEST(CmxValues, ALocalModeThatIsOverwrittenNeedsNoMachines) {
+  EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", "IDTaskMode = 0\nIDTaskMode = 1")),
+            "error cmx-key-twice 3:1: IDTaskMode is set to 0 in line 2 and to 1 here: the launcher "
+            "would let the last value count\n"
+            "  it stands once\n");
+}
+
+TEST(CmxValues, ADistributedModeAloneNeedsMachines) {
+  EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", "IDTaskMode = 1")),
+            "error cmx-section-missing: Sample03.cmx holds no <REMOTE_MACHINES>: the run would be "
+            "distributed over no machine\n"
+            "  the section is written into the CMX file\n");
+}
+
+constexpr const char* kCooling = "<SOLID_COOL>\nFlag3DSolidCoolingChannel = 1\n</SOLID_COOL>\n";
+
+TEST(CmxValues, ACoolingFlagInAWord) {
+  EXPECT_EQ(
+      FoundInShort(Changed(Local() + kCooling, "Channel = 1", "Channel = true"), SolverClass::Cool),
+      "error cmx-number 7:29: Flag3DSolidCoolingChannel is true, neither 0 nor 1: the flow "
+      "solver would not run first\n"
+      "  the value is written 1 (1)\n");
+}
+
+TEST(CmxValues, ACoolingFlagThatMeansNoIsNoError) {
+  EXPECT_EQ(
+      FoundInShort(Changed(Local() + kCooling, "Channel = 1", "Channel = no"), SolverClass::Cool),
+      "warning cmx-number 7:29: Flag3DSolidCoolingChannel is no, neither 0 nor 1: the flow "
+      "solver would not run first\n"
+      "  the value is 0 or 1\n");
+}
+
+TEST(CmxValues, ACoolingFlagInTheWrongSectionLosesThePass) {
+  const std::string inTasks =
+      Local("ValueNoTask = 1", "Flag3DSolidCoolingChannel = 1\nValueNoTask = 1");
+  EXPECT_EQ(FoundInShort(inTasks, SolverClass::Cool),
+            "error cmx-key-section 3:1: Flag3DSolidCoolingChannel is a key of SOLID_COOL, not of "
+            "TASKMANAGER: the launcher would ignore the line\n"
+            "  move it into SOLID_COOL (SOLID_COOL)\n");
+  EXPECT_EQ(FoundInShort(inTasks + kCooling, SolverClass::Cool),
+            "warning cmx-key-section 3:1: Flag3DSolidCoolingChannel is a key of SOLID_COOL, not of "
+            "TASKMANAGER: the launcher would ignore the line\n"
+            "  move it into SOLID_COOL (SOLID_COOL)\n");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck

@@ -118,5 +118,39 @@ TEST(CmxWeightings, ARemarkBehindAWeightingIsInOrder) {
   EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = 0.6 ; fast")), "");
 }
 
+TEST(CmxWeightings, AWeightingIsSaidToBeReadAsItIsRead) {
+  EXPECT_EQ(
+      FoundInShort(Distributed("0.6", "0.6;")),
+      "warning weighting-value 13:5: 0.6; is no weighting: the launcher would read it as 0.6\n"
+      "  the weighting is written 0.6 (0.6)\n");
+  EXPECT_EQ(FoundInShort(Distributed("0.6", "60%")),
+            "warning weighting-value 13:5: 60% is no weighting: the launcher would read it as 60\n"
+            "  a weighting is a number such as 0.6\n");
+  EXPECT_EQ(FoundInShort(Distributed("0.6", "0,6")),
+            "warning weighting-value 13:5: 0,6 is no weighting: the launcher would read it as 0\n"
+            "  the decimal point is written 0.6 (0.6)\n");
+}
+
+TEST(CmxWeightings, AWeightingWithTwoPoints) {
+  EXPECT_EQ(FoundInShort(Distributed("0.6", "0.6.0")),
+            "warning weighting-value 13:5: 0.6.0 is no weighting: the launcher would read it as "
+            "0.6\n"
+            "  a weighting is a number such as 0.6\n");
+}
+
+TEST(CmxWeightings, WeightingsInEveryFormOfANumber) {
+  for (const char* weighting : {".6", "6e-1", "+0.6", "0.600", "6.E-1", "0.6 ; big"}) {
+    EXPECT_EQ(FoundInShort(Distributed("0.6", weighting)), "") << weighting;
+  }
+}
+
+TEST(CmxWeightings, WeightingsWithoutTheLineBeforeThemAreNoMachines) {
+  EXPECT_EQ(
+      FoundInShort(Distributed("ValueMachineWeighting = weight\n", "")),
+      "warning weighting-count 5:18: there is no line ValueMachineWeighting: all weights would "
+      "be 0\n"
+      "  the line ValueMachineWeighting opens the block\n");
+}
+
 }  // namespace
 }  // namespace qvx::runcheck

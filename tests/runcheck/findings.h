@@ -14,6 +14,8 @@ namespace qvx::test {
 
 constexpr const char* kFlow = "Qvx3DFlow.exe";
 constexpr const char* kInOrder = "Nothing stands in the way of this run.\n";
+constexpr const char* kNotMeant = "\n1 error: this run would not be the one that is meant.\n";
+constexpr const char* kNoStart = "\n1 error: this run would not start.\n";
 
 class RunCheckTest : public testing::Test {
  protected:

@@ -1,5 +1,5 @@
-// Folders and accounts of a distributed run: a mistake that the check finds, message by message,
-// and near misses.
+// Storage node, share and working folder of a distributed run: a mistake that the check finds,
+// message by message, and near misses.
 #include <string>
 
 #include "tests/runcheck/findings.h"
@@ -27,80 +27,6 @@ TEST_F(RunCheckShares, AStorageNodeThatEachMachineTakesForItself) {
             "1 error: this run would not be the one that is meant.\n");
 }
 
-TEST_F(RunCheckShares, AMissingAccountFile) {
-  site.WriteCmx(kDmpCmx);
-  site.Remove("Home\\acc.ini");
-  EXPECT_EQ(
-      Findings(),
-      "error: <site>\\Home\\acc.ini is missing: the launcher would stop with -1 [account-file]\n"
-      "    help: it holds the MPI accounts and lies in the home folder\n"
-      "\n"
-      "1 error: this run would not start.\n");
-}
-
-TEST_F(RunCheckShares, AnEmptyAccountFile) {
-  site.WriteCmx(kDmpCmx);
-  site.Write("Home\\acc.ini", "");
-  EXPECT_EQ(
-      Findings(),
-      "error: <site>\\Home\\acc.ini is empty: the launcher would stop with -1 [account-file]\n"
-      "    help: it holds the MPI accounts and lies in the home folder\n"
-      "\n"
-      "1 error: this run would not start.\n");
-}
-
-TEST_F(RunCheckShares, ALocalRunNeedsNoAccounts) {
-  site.Remove("Home\\acc.ini");
-  site.Remove("Home\\Bin\\QVXProject.ini");
-  EXPECT_EQ(Findings(), kInOrder);
-}
-
-TEST_F(RunCheckShares, AMissingProjectIni) {
-  site.WriteCmx(kDmpCmx);
-  site.Remove("Home\\Bin\\QVXProject.ini");
-  EXPECT_EQ(Findings(),
-            "error: <site>\\Home\\Bin\\QVXProject.ini is missing: the run would go to a share "
-            "without a name [project-ini]\n"
-            "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
-            "\n"
-            "1 error: this run would not be the one that is meant.\n");
-}
-
-TEST_F(RunCheckShares, AProjectIniWithoutItsKey) {
-  site.WriteCmx(kDmpCmx);
-  site.Write("Home\\Bin\\QVXProject.ini", "[Configuration]\r\n");
-  EXPECT_EQ(Findings(),
-            "error: <site>\\Home\\Bin\\QVXProject.ini holds no QVX_PARALLEL_FOLDER_NAME in its "
-            "section Configuration: the run would go to a share without a name [project-ini]\n"
-            "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
-            "\n"
-            "1 error: this run would not be the one that is meant.\n");
-}
-
-TEST_F(RunCheckShares, AProjectIniWithAnotherSection) {
-  site.WriteCmx(kDmpCmx);
-  site.Write("Home\\Bin\\QVXProject.ini", "[Config]\r\nQVX_PARALLEL_FOLDER_NAME=x\r\n");
-  EXPECT_EQ(Findings(),
-            "error: <site>\\Home\\Bin\\QVXProject.ini holds QVX_PARALLEL_FOLDER_NAME without a "
-            "value or outside its section Configuration: the run would go to a share without a "
-            "name [project-ini]\n"
-            "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
-            "\n"
-            "1 error: this run would not be the one that is meant.\n");
-}
-
-TEST_F(RunCheckShares, AProjectIniThatNamesAPath) {
-  site.WriteCmx(kDmpCmx);
-  site.Write("Home\\Bin\\QVXProject.ini",
-             "[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=C:\\Home\r\n");
-  EXPECT_EQ(Findings(),
-            "error: QVX_PARALLEL_FOLDER_NAME is C:\\Home, no share's name: the run would look "
-            "for the installation in \\\\NODE1\\C:\\Home [project-ini]\n"
-            "    help: it is the share's name, without backslashes around it\n"
-            "\n"
-            "1 error: this run would not be the one that is meant.\n");
-}
-
 TEST_F(RunCheckShares, NoStorageNode) {
   EXPECT_EQ(FoundWith("ValueLocalHost=NODE1\r\n", ""),
             "Sample01.cmx:4:1: error: neither ValueStorageNode nor ValueLocalHost is set: the run "
@@ -119,6 +45,37 @@ TEST_F(RunCheckShares, AStorageNodeWithBackslashes) {
             "      |                ^~ help: the host is written NODE1\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AHostsKeyInAnotherLetterCaseIsSaidOnce) {
+  EXPECT_EQ(FoundWith("ValueLocalHost", "valuelocalhost"),
+            "Sample01.cmx:6:1: error: valuelocalhost is not written ValueLocalHost: the launcher "
+            "would ignore the line [cmx-key-case]\n"
+            "    6 | valuelocalhost=NODE1\n"
+            "      | ^~ help: a key of this section is written ValueLocalHost\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AStorageNodeWithCharactersThatNoneHas) {
+  const auto found = [&](const std::string& node, const std::string& help) {
+    return "Sample01.cmx:6:16: error: ValueLocalHost is " + node +
+           ", no host name: the run would go to folders that cannot be reached [storage-node]\n"
+           "    6 | ValueLocalHost=" +
+           node + "\n      |                ^~ help: " + help + "\n" + kNotMeant;
+  };
+  EXPECT_EQ(FoundWith("Host=NODE1", "Host=NODE1;"), found("NODE1;", "the host is written NODE1"));
+  EXPECT_EQ(FoundWith("Host=NODE1", "Host=NODE1, NODE2"),
+            found("NODE1, NODE2", "the host is written NODE1"));
+  EXPECT_EQ(FoundWith("Host=NODE1", "Host=C:"),
+            found("C:", "ValueStorageNode, or ValueLocalHost, is a host name alone"));
+  EXPECT_EQ(Replaced(FoundWith("Host=NODE1", "Host=."), "^ help", "^~ help"),
+            found(".", "ValueStorageNode, or ValueLocalHost, is a host name alone"));
+  EXPECT_EQ(FoundWith("Host=NODE1", "Host=NODE-1_a.example"), kInOrder);
+}
+
+TEST_F(RunCheckShares, AStorageNodeWithEveryCharacterThatAHostMayHave) {
+  EXPECT_EQ(FoundWith("Host=NODE1", "Host=NODE-1_a.example"), kInOrder);
 }
 
 TEST_F(RunCheckShares, NoShare) {
@@ -150,6 +107,81 @@ TEST_F(RunCheckShares, AShareWithABackslash) {
             "      |                      ^~ help: the share is written Work\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AShareWithASlash) {
+  EXPECT_EQ(FoundWith("=<name>\\Work", "=/Work"),
+            "Sample01.cmx:7:22: error: a slash stands beside the share's name in /Work: the run "
+            "would go to another folder [share-name]\n"
+            "    7 | ValueShareFolderName=/Work\n"
+            "      |                      ^~ help: the share is written Work\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AShareWithItsHost) {
+  EXPECT_EQ(FoundWith("=<name>\\Work", "=\\\\NODE1\\Work"),
+            "Sample01.cmx:7:22: error: ValueShareFolderName is a path, \\\\NODE1\\Work: the run "
+            "would go to another folder [share-name]\n"
+            "    7 | ValueShareFolderName=\\\\NODE1\\Work\n"
+            "      |                      ^~ help: the share is written Work\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AMisspeltShareIsSaidOnce) {
+  EXPECT_EQ(FoundWith("ValueShareFolderName", "ValueShareFolder"),
+            "Sample01.cmx:7:1: error: ValueShareFolder is no key of REMOTE_MACHINES: the launcher "
+            "would ignore the line [cmx-unknown-key]\n"
+            "    7 | ValueShareFolder=<name>\\Work\n"
+            "      | ^~ help: a key of this section is written ValueShareFolderName\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, AShareWithCharactersThatNoneHas) {
+  const auto found = [&](const std::string& what, const std::string& share,
+                         const std::string& help) {
+    return "Sample01.cmx:7:22: error: " + what +
+           ": the run would go to another folder [share-name]\n    7 | ValueShareFolderName=" +
+           share + "\n      |                      ^~ help: " + help + "\n" + kNotMeant;
+  };
+  EXPECT_EQ(FoundWith("<name>\\Work", "Work;"),
+            found("ValueShareFolderName is Work;, no share's name", "Work;",
+                  "the share is written Work"));
+  EXPECT_EQ(FoundWith("<name>\\Work", "C:"),
+            found("ValueShareFolderName is C:, no share's name",
+                  "C:", "it is the share's name, without backslashes around it"));
+  EXPECT_EQ(FoundWith("<name>\\Work", "node1\\Work"),
+            found("ValueShareFolderName begins with the storage node, node1\\Work", "node1\\Work",
+                  "the share is written Work"));
+  EXPECT_EQ(FoundWith("<name>\\Work", "C$\\My work\\2024"), kInOrder);
+}
+
+TEST_F(RunCheckShares, AHiddenShareWithABlankInItsName) {
+  EXPECT_EQ(FoundWith("=<name>\\Work", "=My work-1.0$"), kInOrder);
+}
+
+TEST_F(RunCheckShares, AShareThatIsAMachineAlone) {
+  EXPECT_EQ(FoundWith("=<name>\\Work", "=\\\\NODE1"),
+            "Sample01.cmx:7:22: error: ValueShareFolderName is a path, \\\\NODE1: the run would go "
+            "to another folder [share-name]\n"
+            "    7 | ValueShareFolderName=\\\\NODE1\n"
+            "      |                      ^~ help: it is the share's name, without backslashes "
+            "around it\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckShares, NoWorkingFolder) {
+  EXPECT_EQ(
+      FoundWith("ValueParallelWorkingFolder=<site>\\WORK\r\n", ""),
+      "Sample01.cmx:4:1: error: ValueParallelWorkingFolder is empty: the run would go to another "
+      "folder [working-folder]\n"
+      "    4 | <REMOTE_MACHINES>\n"
+      "      | ^~ help: it is the shared folder above the project, without a backslash at its end\n"
+      "\n"
+      "1 error: this run would not be the one that is meant.\n");
 }
 
 TEST_F(RunCheckShares, AWorkingFolderWithABackslashAtItsEnd) {
@@ -232,38 +264,46 @@ TEST_F(RunCheckShares, AWorkingFolderThatStandsThereTwice) {
             "1 warning: this run would start.\n");
 }
 
-TEST_F(RunCheckShares, AShareThatIsAMachineAlone) {
-  EXPECT_EQ(FoundWith("=<name>\\Work", "=\\\\NODE1"),
-            "Sample01.cmx:7:22: error: ValueShareFolderName is a path, \\\\NODE1: the run would go "
-            "to another folder [share-name]\n"
-            "    7 | ValueShareFolderName=\\\\NODE1\n"
-            "      |                      ^~ help: it is the share's name, without backslashes "
-            "around it\n"
+TEST_F(RunCheckShares, AShortenedWorkingFolderIsSaidOnce) {
+  EXPECT_EQ(FoundWith("ValueParallelWorkingFolder", "ValueWorkingFolder"),
+            "Sample01.cmx:8:1: error: ValueWorkingFolder is no key of REMOTE_MACHINES: the "
+            "launcher would ignore the line [cmx-unknown-key]\n"
+            "    8 | ValueWorkingFolder=<site>\\WORK\n"
+            "      | ^~ help: a key of this section is written ValueParallelWorkingFolder\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }
 
-TEST_F(RunCheckShares, AProjectIniWithAByteOrderMark) {
-  site.WriteCmx(kDmpCmx);
-  site.Write("Home\\Bin\\QVXProject.ini", "\xEF\xBB\xBF[Configuration]\r\n");
-  EXPECT_EQ(
-      Findings(),
-      "error: <site>\\Home\\Bin\\QVXProject.ini begins with a byte-order mark, which hides its "
-      "first section: the run would go to a share without a name [project-ini]\n"
-      "    help: it holds QVX_PARALLEL_FOLDER_NAME in the section Configuration\n"
-      "\n"
-      "1 error: this run would not be the one that is meant.\n");
-}
-
-TEST_F(RunCheckShares, NoWorkingFolder) {
-  EXPECT_EQ(
-      FoundWith("ValueParallelWorkingFolder=<site>\\WORK\r\n", ""),
-      "Sample01.cmx:4:1: error: ValueParallelWorkingFolder is empty: the run would go to another "
-      "folder [working-folder]\n"
-      "    4 | <REMOTE_MACHINES>\n"
-      "      | ^~ help: it is the shared folder above the project, without a backslash at its end\n"
-      "\n"
-      "1 error: this run would not be the one that is meant.\n");
+TEST_F(RunCheckShares, AWorkingFolderThatIsNearlyTheRightOne) {
+  const auto found = [&](const std::string& folder, const std::string& what,
+                         const std::string& help) {
+    return "Sample01.cmx:8:28: error: " + folder +
+           " is not in the project directory <site>\\Work\\Sample" + what +
+           ": the run would go to another folder [working-folder]\n"
+           "    8 | ValueParallelWorkingFolder=" +
+           folder + "\n      |                            ^~ help: " + help + "\n" + kNotMeant;
+  };
+  const std::string right = "the working folder is written <site>\\Work";
+  const std::string doubled = Replaced("<site>\\WORK", "\\WORK", "\\\\WORK");
+  EXPECT_EQ(FoundWith("<site>\\WORK", doubled), found(doubled, "", right));
+  EXPECT_EQ(FoundWith("<site>\\WORK", "<site>\\WROK"), found("<site>\\WROK", "", right));
+  EXPECT_EQ(FoundWith("<site>\\WORK", "<site>\\WORK;"), found("<site>\\WORK;", "", right));
+  EXPECT_EQ(FoundWith("<site>\\WORK", "%WORK%"),
+            found("%WORK%", "", "a variable between % is not replaced here"));
+  EXPECT_EQ(FoundWith("<site>\\WORK",
+                      "C:\\Pr\xC3\xBC"
+                      "f"),
+            found("C:\\Pr\xC3\xBC"
+                  "f",
+                  ", and its letters beyond A to Z are UTF-8, not the ANSI code page",
+                  "it is the shared folder above the project, without a backslash at its end"));
+  EXPECT_EQ(FoundWith("<site>\\WORK",
+                      "C:\\Pr\xFC"
+                      "f"),
+            found("C:\\Pr\xFC"
+                  "f",
+                  "; the case of letters beyond A to Z counts",
+                  "it is the shared folder above the project, without a backslash at its end"));
 }
 
 TEST_F(RunCheckShares, MachinesBeyondTheMemory) {
@@ -274,31 +314,6 @@ TEST_F(RunCheckShares, MachinesBeyondTheMemory) {
             "      |                ^~ help: the count is a small number\n"
             "\n"
             "1 error: this run would not start.\n");
-}
-
-TEST_F(RunCheckShares, AnAccountFileWithAHiddenExtension) {
-  site.WriteCmx(kDmpCmx);
-  site.Remove("Home\\acc.ini");
-  site.Write("Home\\acc.ini.txt", "account\r\n");
-  EXPECT_EQ(
-      Findings(),
-      "error: <site>\\Home\\acc.ini is missing: the launcher would stop with -1 [account-file]\n"
-      "    help: there is a file <site>\\Home\\acc.ini.txt\n"
-      "\n"
-      "1 error: this run would not start.\n");
-}
-
-TEST_F(RunCheckShares, AProjectIniOutsideBin) {
-  site.WriteCmx(kDmpCmx);
-  site.Write("Home\\QVXProject.ini", site.Read("Home\\Bin\\QVXProject.ini"));
-  site.Remove("Home\\Bin\\QVXProject.ini");
-  EXPECT_EQ(
-      Findings(),
-      "error: <site>\\Home\\Bin\\QVXProject.ini is missing: the run would go to a share without "
-      "a name [project-ini]\n"
-      "    help: there is a file <site>\\Home\\QVXProject.ini\n"
-      "\n"
-      "1 error: this run would not be the one that is meant.\n");
 }
 
 }  // namespace

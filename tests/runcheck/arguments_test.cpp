@@ -1,0 +1,290 @@
+// The arguments of a launcher's call and what stands in the first: a mistake that the check finds,
+// message by message, and near misses.
+#include <string>
+
+#include "tests/runcheck/findings.h"
+
+namespace qvx::test {
+namespace {
+
+using RunCheckArguments = RunCheckTest;
+
+TEST_F(RunCheckArguments, OneArgumentIsTooFew) {
+  EXPECT_EQ(Findings({"L$1"}),
+            "error: the call has 1 argument, fewer than two: the launcher would stop with -1 and "
+            "start nothing [call-arguments]\n"
+            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, TwoArgumentsNameNoSolver) {
+  EXPECT_EQ(Findings({"L$1", kTokens}),
+            std::string() +
+                "error: the call names no solver: the launcher would take the token list as the "
+                "solver's name [call-solver]\n"
+                "    help: the solver's file name is the third argument\n"
+                "error: solver executable name is too long: width 64, length " +
+                std::to_string(site.Specific(kTokens).size()) +
+                ": the launcher would end with -2 [text-too-long]\n"
+                "    help: it is shortened to less than the width\n"
+                "\n"
+                "2 errors: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, ThreeArgumentsAreInOrder) {
+  EXPECT_EQ(Findings({"L$1", kTokens, kFlow}), kInOrder);
+}
+
+TEST_F(RunCheckArguments, AFourthArgumentIsIgnored) {
+  EXPECT_EQ(Findings({"L$1", kTokens, kFlow, "more"}),
+            "warning: the call has 4 arguments [call-extra-arguments]\n"
+            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, ExtraArgumentsThatAreNoTokens) {
+  EXPECT_EQ(Findings({"L$1", kTokens, kFlow, "0", "01", "more"}),
+            "warning: the call has 6 arguments [call-extra-arguments]\n"
+            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, NoFirstArgument) {
+  EXPECT_EQ(Findings({kTokens, kFlow}),
+            "error: the first argument is missing: the launcher would take the token list for it "
+            "and the solver's name for the tokens [call-first-argument]\n"
+            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, ABlankWithoutQuotationMarksCutsTheTokens) {
+  EXPECT_EQ(Findings({"L$1", "C:\\Program", "Files\\Q*C:\\P*Sample*0*01", kFlow}),
+            "error: a blank cuts the token list behind C:\\Program: the launcher would take the "
+            "pieces as tokens and solver [call-unquoted-blank]\n"
+            "    help: the token list stands in quotation marks\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, SolverAndTokensSwapped) {
+  EXPECT_EQ(Findings({"L$1", kFlow, "C:\\Q*C:\\P*Sample*0*01"}),
+            "error: the solver stands before the token list: the launcher would take the one for "
+            "the other [call-token-order]\n"
+            "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckArguments, AShellCallNeedsNoThirdArgument) {
+  site.InstallSolver("QvxFlow.exe");
+  EXPECT_EQ(Findings({"L$1*<site>\\Home*<site>\\Work\\Sample*Sample*0*1", "QvxFlow.exe"}),
+            kInOrder);
+}
+
+TEST_F(RunCheckArguments, TokensInFiveArguments) {
+  EXPECT_EQ(Findings({"L$1", "C:\\Quorvex", "C:\\My projects\\Sample", "Sample", "0", "01", kFlow}),
+            "error: the 5 tokens stand in 5 arguments, not in one: the launcher would take the "
+            "first of them as the whole list [call-separator]\n"
+            "    help: they stand in one argument, separated by *: L$1 \"C:\\Quorvex*C:\\My "
+            "projects\\Sample*Sample*0*01\" Qvx3DFlow.exe\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, AShellSolversTokensInFiveArguments) {
+  EXPECT_EQ(
+      Findings({"L$1", "C:\\Quorvex", "C:\\Projects\\Sample", "Sample", "0", "01", "QvxFlow.exe"}),
+      "error: the 5 tokens stand in 5 arguments, not in one: the launcher would take the first of "
+      "them as the whole list [call-separator]\n"
+      "    help: they stand in one argument, separated by *: "
+      "L$1*C:\\Quorvex*C:\\Projects\\Sample*Sample*0*01 - QvxFlow.exe\n"
+      "\n"
+      "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, SemicolonsSeparateNothing) {
+  EXPECT_EQ(FindingsFor("<site>\\Home;<site>\\Work\\Sample;Sample;0;01"),
+            "error: the tokens are separated by ; and not by *: the launcher would take the whole "
+            "list as the home folder [call-separator]\n"
+            "    help: the list is written <site>\\Home*<site>\\Work\\Sample*Sample*0*01\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, BarsSeparateNothing) {
+  EXPECT_EQ(FindingsFor("<site>\\Home|<site>\\Work\\Sample|Sample|0|01"),
+            "error: the tokens are separated by | and not by *: the launcher would take the whole "
+            "list as the home folder [call-separator]\n"
+            "    help: the list is written <site>\\Home*<site>\\Work\\Sample*Sample*0*01\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, ANameWithASemicolonIsInOrder) {
+  site.Write("Work\\Sample\\Analysis\\Run01\\a;b;c;d01.cmx", kSerialCmx);
+  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*a;b;c;d*0*01"), kInOrder);
+}
+
+TEST_F(RunCheckArguments, SlashesBetweenTheTokens) {
+  EXPECT_EQ(FindingsFor("C:\\Q/C:\\P\\S/S/0/01"),
+            "error: the tokens are separated by / and not by *: the launcher would take the whole "
+            "list as the home folder [call-separator]\n"
+            "    help: the list is written C:\\Q*C:\\P\\S*S*0*01\n"
+            "\n"
+            "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckArguments, AShellSolverInThe3dForm) {
+  site.InstallSolver("QvxFlow.exe");
+  EXPECT_EQ(FindingsFor(kTokens, "QvxFlow.exe"),
+            "error: QvxFlow.exe is a shell solver (SHELLFLOW) and its tokens stand in the second "
+            "argument: the launcher would look for the tokens in the other argument [call-form]\n"
+            "    help: shell solvers read their tokens behind a * in the first argument, all "
+            "others in the second\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckArguments, A3dSolverInTheShellForm) {
+  EXPECT_EQ(Findings({std::string("L$1*") + kTokens, "-", kFlow}),
+            "error: Qvx3DFlow.exe is no shell solver (FLOW) and its tokens stand in the first "
+            "argument: the launcher would look for the tokens in the other argument [call-form]\n"
+            "    help: shell solvers read their tokens behind a * in the first argument, all "
+            "others in the second\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckArguments, AShellSolverInItsForm) {
+  site.InstallSolver("QvxFlow.exe");
+  EXPECT_EQ(Findings({std::string("L$1*") + kTokens, "-", "QvxFlow.exe"}), kInOrder);
+}
+
+TEST_F(RunCheckArguments, AQuotationMarkInTheTokens) {
+  EXPECT_EQ(FindingsFor("<site>\\Home\"*<site>\\Work\\Sample*Sample*0*01"),
+            "error: <site>\\Home\"*<site>\\Work\\Sample*Sample*0*01 holds a quotation mark: the "
+            "launcher would go to a folder that cannot exist [call-quotation-mark]\n"
+            "    help: a backslash before a closing quotation mark is left out\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckArguments, AQuotationMarkInTheFirstArgument) {
+  EXPECT_EQ(Findings({"\"L\"$1", kTokens, kFlow}),
+            "warning: \"L\"$1 holds a quotation mark: the launcher would hand it on as it stands "
+            "[call-quotation-mark]\n"
+            "    help: a backslash before a closing quotation mark is left out\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, QuotationMarksAroundTheTokensAreSaidOnce) {
+  EXPECT_EQ(FindingsFor("\"" + std::string(kTokens) + "\""),
+            "error: \"<site>\\Home*<site>\\Work\\Sample*Sample*3*01\" holds a quotation mark: the "
+            "launcher would go to a folder that cannot exist [call-quotation-mark]\n"
+            "    help: a backslash before a closing quotation mark is left out\n"
+            "\n"
+            "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckArguments, ABackslashBeforeTheQuotationMarkOfTheProject) {
+  EXPECT_EQ(Answer({"--project", "C:\\P\" --run 01 --solver Qvx3DFlow.exe"}),
+            "error: --run is missing; a backslash before a quotation mark takes what follows with "
+            "it: nothing was checked [wrong-call]\n"
+            "    help: QVXRunCheck.exe --help shows both forms of call\n");
+}
+
+TEST_F(RunCheckArguments, AnApostropheIsNoQuotationMark) {
+  site.Write("Work\\Sample\\Analysis\\Run01\\Bob's 'part'01.cmx", kSerialCmx);
+  EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*Bob's 'part'*0*01"), kInOrder);
+}
+
+TEST_F(RunCheckArguments, NoMarkerForTheMoldingType) {
+  EXPECT_EQ(
+      Findings({"L", kTokens, kFlow}),
+      "warning: no $ stands in L: the launcher would take -1 as the molding type [molding-type]\n"
+      "    help: the first argument ends in $ and the molding type\n"
+      "\n"
+      "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, TwoMarkersForTheMoldingType) {
+  EXPECT_EQ(Findings({"L$1$2", kTokens, kFlow}),
+            "warning: L$1$2 holds more than one $: the launcher would read the molding type behind "
+            "the first one [molding-type]\n"
+            "    help: the first argument ends in $ and the molding type\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, AMoldingTypeThatIsAWord) {
+  EXPECT_EQ(Findings({"L$one", kTokens, kFlow}),
+            "warning: one stands behind $, no number: the launcher would take 0 as the molding "
+            "type [molding-type]\n"
+            "    help: the first argument ends in $ and the molding type\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, AMoldingTypeOfEightDigits) {
+  EXPECT_EQ(Findings({"L$12345678", kTokens, kFlow}),
+            "warning: the molding type 12345678 has more than 7 digits: the launcher would take "
+            "1234567 [molding-type]\n"
+            "    help: the first argument ends in $ and the molding type\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, ASolverWithoutMoldingTypeNeedsNoMarker) {
+  site.InstallSolver("QvxOptics.exe");
+  EXPECT_EQ(Findings({"L", kTokens, "QvxOptics.exe"}), kInOrder);
+}
+
+TEST_F(RunCheckArguments, BlanksAroundTheMoldingTypeAreInOrder) {
+  EXPECT_EQ(Findings({"L$ 1 ", kTokens, kFlow}), kInOrder);
+}
+
+TEST_F(RunCheckArguments, ABlankBeforeAMoldingTypeThatIsNone) {
+  EXPECT_EQ(Findings({"L$ x", kTokens, kFlow}),
+            "warning: x stands behind $, no number: the launcher would take 0 as the molding type "
+            "[molding-type]\n"
+            "    help: the first argument ends in $ and the molding type\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckArguments, WhatIsNotExpectedIsNamedWithItsCure) {
+  const auto wrong = [&](const std::vector<std::string>& arguments) {
+    const std::string answer = Answer(arguments);
+    return answer.substr(0, answer.find(": nothing was checked"));
+  };
+  EXPECT_EQ(wrong({"-project", "C:\\P", "-run", "01"}),
+            "error: -project is no option; it is written --project");
+  EXPECT_EQ(wrong({"/run", "01"}), "error: /run is no option; it is written --run");
+  EXPECT_EQ(wrong({"--Solver", kFlow}), "error: --Solver is no option; it is written --solver");
+  EXPECT_EQ(wrong({"--runs", "01"}), "error: --runs is no option");
+  EXPECT_EQ(wrong({"--project", "C:\\My", "Projects\\Sample"}),
+            "error: Projects\\Sample belongs to no option; a text with blanks stands in quotation "
+            "marks");
+}
+
+TEST_F(RunCheckArguments, ATimeoutOutsideItsLimits) {
+  for (const char* seconds : {"0", "5s", "0,5", "700", "nan"}) {
+    EXPECT_EQ(Answer({"--timeout", seconds, "--version"}),
+              std::string("error: --timeout: ") + seconds +
+                  " is no number from 0.1 to 600: nothing was checked [wrong-call]\n"
+                  "    help: QVXRunCheck.exe --help shows both forms of call\n");
+    EXPECT_EQ(status, 2);
+  }
+  for (const char* seconds : {"0.1", "600"}) {
+    EXPECT_EQ(Answer({"--timeout", seconds, "--version"}).substr(0, 11), "QVXRunCheck") << seconds;
+    EXPECT_EQ(status, 0);
+  }
+}
+
+}  // namespace
+}  // namespace qvx::test
