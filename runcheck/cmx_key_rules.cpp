@@ -56,26 +56,59 @@ class KeyRules {
     }
     CheckOutside();
     CheckTwice();
-    if (!reading_.openings.empty()) CheckMissing();
+  }
+
+  /// Of what no other finding speaks, once all sections are checked.
+  void CheckMissing() {
+    if (reading_.openings.empty()) return;
+    const auto missing = [&](std::string_view key) {
+      return reading_.Find(key) == nullptr && !IsKeyTold(found_, key);
+    };
+    const auto add = [&](std::string_view key, bool grave, const std::string& consequence) {
+      const CmxLine& opening = *reading_.openings.back();
+      found_.push_back(Diagnostic("cmx-key-missing",
+                                  std::string(Section().name) + " holds no " + std::string(key))
+                           .Grave(grave)
+                           .Because(consequence)
+                           .At(LineRange(facts_.File(), opening), opening.whole));
+    };
+    if (&Section() == &kTaskManagerSection) {
+      if (missing("IDTaskMode")) add("IDTaskMode", true, "the run would be distributed");
+      if (facts_.IsSharedMemory() && missing("ValueLocalNoTask")) {
+        add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
+      }
+    } else if (&Section() == &kRemoteMachinesSection) {
+      // One after the blocks is taken into a block; the blocks' own rules speak of it.
+      const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
+        return setting.key == "ValueNoMachine";
+      });
+      if (missing("ValueNoMachine") && !isTaken) {
+        add("ValueNoMachine", true, "the run would be distributed over no machine");
+      }
+    } else if (&Section() == &kSolidCoolSection && missing("Flag3DSolidCoolingChannel")) {
+      add("Flag3DSolidCoolingChannel", false, "the flow solver would not run first");
+    }
   }
 
  private:
   [[nodiscard]] const CmxSection& Section() const { return *reading_.section; }
 
-  /// True when the run turns out differently because `key` is not set, `value` being what was
-  /// meant.
-  [[nodiscard]] bool Changes(const CmxKey& key, std::string_view value) const {
-    if (reading_.Find(key) != nullptr) return false;
+  /// True when the run turns out differently because the section does not set `key`, `value` being
+  /// what was meant.
+  [[nodiscard]] bool Changes(const SectionReading& reading, const CmxKey& key,
+                             std::string_view value) const {
+    if (reading.Find(key) != nullptr || !facts_.Matters(*reading.section)) return false;
     switch (key.use) {
       case KeyUse::Mode:
         return Cleaned(value) != "1";
-      case KeyUse::MachineCount:
       case KeyUse::Host:
+        return !IsStorageNode(reading, Cleaned(value));
+      case KeyUse::MachineCount:
       case KeyUse::Folder:
       case KeyUse::MachineBlock:
         return true;
       case KeyUse::Flag:
-        return &Section() == &kSolidCoolSection && Cleaned(value) == "1";
+        return reading.section == &kSolidCoolSection && Cleaned(value) == "1";
       case KeyUse::Tasks:
         return facts_.IsSharedMemory();
       default:
@@ -83,13 +116,26 @@ class KeyRules {
     }
   }
 
+  /// One of the two keys that name the storage node does without the other.
+  [[nodiscard]] static bool IsStorageNode(const SectionReading& reading, std::string_view host) {
+    const std::string_view node = reading.ValueOf("ValueStorageNode");
+    return !node.empty() || reading.ValueOf("ValueLocalHost") == host;
+  }
+
+  /// Says what follows where the run turns out differently.
+  static Diagnostic Weighed(Diagnostic diagnostic, const CmxKey& meant, bool changes) {
+    if (changes && meant.use == KeyUse::Mode) {
+      diagnostic.Because("the launcher would ignore the line and run distributed");
+    } else if (changes && meant.use == KeyUse::Flag) {
+      diagnostic.Because("the launcher would ignore the line and not run the flow solver first");
+    }
+    diagnostic.Grave(changes);
+    return diagnostic;
+  }
+
   void Add(Diagnostic diagnostic, const CmxKey& meant, const SettingLine& setting,
            std::string_view value) {
-    const bool grave = Changes(meant, value);
-    diagnostic.Grave(grave);
-    if (grave && meant.use == KeyUse::Mode) {
-      diagnostic.Because("the launcher would ignore the line and run distributed");
-    }
+    diagnostic = Weighed(std::move(diagnostic), meant, Changes(reading_, meant, value));
     explained_.insert(meant.name);
     found_.push_back(
         std::move(diagnostic).At(KeyRange(facts_.File(), setting), setting.line->whole));
@@ -113,9 +159,10 @@ class KeyRules {
           *key, setting, setting.value);
     } else if (const CmxSection* other = OtherSection(Section(), setting.key)) {
       found_.push_back(
-          Diagnostic("cmx-key-section",
-                     written + " is a key of " + std::string(other->name) + ", not of " + section)
-              .Grave(LosesFlowPass(*other, setting))
+          Weighed(
+              Diagnostic("cmx-key-section", written + " is a key of " + std::string(other->name) +
+                                                ", not of " + section),
+              *FindKey(*other, setting.key), IsMissedIn(*other, setting))
               .Suggest(std::string(other->name), "move it into " + std::string(other->name))
               .At(KeyRange(facts_.File(), setting), setting.line->whole));
     } else if (key = FindSimilarKey(Section(), setting.key); key != nullptr) {
@@ -130,11 +177,10 @@ class KeyRules {
     }
   }
 
-  /// The line was meant to ask for the flow pass, and no other does.
-  [[nodiscard]] bool LosesFlowPass(const CmxSection& other, const SettingLine& setting) const {
+  /// The run turns out differently because the line does not stand in `other`.
+  [[nodiscard]] bool IsMissedIn(const CmxSection& other, const SettingLine& setting) const {
     const SectionReading* reading = facts_.Reading(other);
-    return &other == &kSolidCoolSection && reading != nullptr &&
-           reading->Find(setting.key) == nullptr && Cleaned(setting.value) == "1";
+    return reading != nullptr && Changes(*reading, *FindKey(other, setting.key), setting.value);
   }
 
   [[nodiscard]] bool IsOtherTag(std::string_view text) const {
@@ -184,7 +230,10 @@ class KeyRules {
 
   /// Keys of this section outside every section that is read, when the section does not hold them.
   void CheckOutside() {
-    if (reading_.openings.empty()) return;
+    // A section that is needed and not there is told as such.
+    const bool mayBeMissing =
+        &Section() == &kSolidCoolSection && !IsKeyTold(found_, OpeningTag(Section()));
+    if (reading_.openings.empty() && !mayBeMissing) return;
     for (const CmxLine& line : facts_.Lines()) {
       const std::size_t equals = line.text.find('=');
       if (equals > kLongestShownKey) continue;  // none, too
@@ -199,12 +248,14 @@ class KeyRules {
                });
       });
       if (isInside) continue;
+      const bool grave = Changes(reading_, *key, line.text.substr(equals + 1));
+      if (reading_.openings.empty() && !grave) continue;
       explained_.insert(key->name);
       const std::size_t start = line.column + line.text.find_first_not_of(' ');
       found_.push_back(
-          Diagnostic("cmx-key-section",
-                     std::string(name) + " stands outside " + std::string(Section().name))
-              .Grave(Changes(*key, line.text.substr(equals + 1)))
+          Weighed(Diagnostic("cmx-key-section",
+                             std::string(name) + " stands outside " + std::string(Section().name)),
+                  *key, grave)
               .Help("move it into " + std::string(Section().name))
               .At(RangeIn(facts_.File(), line, start, start + name.size()), line.whole));
     }
@@ -218,8 +269,7 @@ class KeyRules {
       for (const SettingLine& setting : reading_.settings) {
         if (setting.role != LineRole::Setting || setting.known != &key) continue;
         if (setting.value == last->value) continue;
-        const bool grave = (key.use == KeyUse::Mode && setting.value == "0") ||
-                           (key.use != KeyUse::Mode && Changes(key, setting.value));
+        const bool grave = key.use == KeyUse::Mode && setting.value == "0";
         found_.push_back(Diagnostic("cmx-key-twice", std::string(key.name) + " is set to " +
                                                          std::string(setting.value) + " in line " +
                                                          std::to_string(setting.line->number) +
@@ -229,36 +279,6 @@ class KeyRules {
                              .At(LineRange(facts_.File(), *last->line), last->line->whole));
         break;
       }
-    }
-  }
-
-  void CheckMissing() {
-    const auto missing = [&](std::string_view key) {
-      return reading_.Find(key) == nullptr && !explained_.contains(key);
-    };
-    const auto add = [&](std::string_view key, bool grave, const std::string& consequence) {
-      const CmxLine& opening = *reading_.openings.back();
-      found_.push_back(Diagnostic("cmx-key-missing",
-                                  std::string(Section().name) + " holds no " + std::string(key))
-                           .Grave(grave)
-                           .Because(consequence)
-                           .At(LineRange(facts_.File(), opening), opening.whole));
-    };
-    if (&Section() == &kTaskManagerSection) {
-      if (missing("IDTaskMode")) add("IDTaskMode", true, "the run would be distributed");
-      if (facts_.IsSharedMemory() && missing("ValueLocalNoTask")) {
-        add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
-      }
-    } else if (&Section() == &kRemoteMachinesSection) {
-      // One after the blocks is taken into a block; the blocks' own rules speak of it.
-      const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
-        return setting.key == "ValueNoMachine";
-      });
-      if (missing("ValueNoMachine") && !isTaken) {
-        add("ValueNoMachine", true, "the run would be distributed over no machine");
-      }
-    } else if (&Section() == &kSolidCoolSection && missing("Flag3DSolidCoolingChannel")) {
-      add("Flag3DSolidCoolingChannel", false, "the flow solver would not run first");
     }
   }
 
@@ -295,6 +315,9 @@ bool IsKeyTold(const Diagnostics& found, std::string_view key) {
 void CheckKeys(const CmxFacts& facts, Diagnostics& found) {
   for (const SectionReading& reading : facts.Readings()) {
     if (facts.Matters(*reading.section)) KeyRules(facts, reading, found).Check();
+  }
+  for (const SectionReading& reading : facts.Readings()) {
+    if (facts.Matters(*reading.section)) KeyRules(facts, reading, found).CheckMissing();
   }
 }
 

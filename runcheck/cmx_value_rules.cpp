@@ -75,6 +75,8 @@ class ValueRules {
       case KeyUse::Host:
       case KeyUse::Folder:
         return true;
+      case KeyUse::Tasks:
+        return Cleaned(value_) != TrimmedOfInvisible(value_);
       case KeyUse::Flag:
         return IsCoolingFlag() && ParseInteger(value_.c_str()) != 1 &&
                (Cleaned(value_) == "1" || MeansYes());
@@ -87,6 +89,8 @@ class ValueRules {
     diagnostic.Grave(Changes());
     if (key_.use == KeyUse::Mode && Changes()) {
       diagnostic.Because("the value is not 0 and the run would be distributed");
+    } else if (key_.use == KeyUse::Tasks && Changes()) {
+      diagnostic.Because("the MPI process launcher would be given it as it stands");
     }
     found_.push_back(
         std::move(diagnostic)

@@ -191,9 +191,10 @@ class ShareRules {
     } else if (end < project.size() && project[end] != '\\' && project[end] != '/') {
       AddFolder(folder + " ends within a name of the project directory and makes the project " +
                     (rest.empty() ? "nameless" : rest),
-                true);
+                true, SimilarFolder(folder));
     } else if (at != 0) {
-      AddFolder(folder + " is not where the project directory begins", project[at - 1] != '\\');
+      const bool isName = project[at] == '\\' || project[at - 1] == '\\';
+      AddFolder(folder + " is not where the project directory begins", !isName);
     } else if (project.find(wanted, 1) != std::string::npos) {
       AddFolder(folder + " stands in the project directory twice, and the first place counts",
                 false);
@@ -239,7 +240,8 @@ class ShareRules {
       at = std::min(FindCharacter(plain, "\\", at), plain.size());
     }
     std::string right = projectDirectory_.substr(0, end);
-    return IsSimilar(plain, right) ? right : std::string();
+    const bool isDriveAlone = right.size() <= 2;
+    return !isDriveAlone && IsSimilar(plain, right) ? right : std::string();
   }
 
   static std::string WithBackslashes(std::string path) {

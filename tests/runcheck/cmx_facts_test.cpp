@@ -101,7 +101,7 @@ TEST(CmxFacts, TheModeAmongTheMachinesIsToldThere) {
   EXPECT_EQ(Said(Local("IDTaskMode = 0\n", "") +
                  "<REMOTE_MACHINES>\nIDTaskMode = 0\n</REMOTE_MACHINES>\n"),
             "error cmx-key-section: IDTaskMode stands outside TASKMANAGER: the launcher would "
-            "ignore the line\n");
+            "ignore the line and run distributed\n");
 }
 
 TEST(CmxFacts, SpacesBehindTheCoolingFlagDoNotCount) {

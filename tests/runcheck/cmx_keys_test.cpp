@@ -135,12 +135,78 @@ TEST(CmxKeys, AKeyOfAnotherSectionIsIgnored) {
             "      | ^~~~~~~~~~~~~~ help: move it into REMOTE_MACHINES\n");
 }
 
+TEST(CmxKeys, AKeyThatTheRunNeedsInAnotherSection) {
+  for (const std::string line :
+       {"ValueNoMachine = 2\n", "ValueShareFolderName = Projects\n", "ValueLocalHost = NODE1\n"}) {
+    const std::string key = line.substr(0, line.find(' '));
+    EXPECT_EQ(
+        FoundInShort(Changed(Distributed(line, ""), "</TASKMANAGER>", line + "</TASKMANAGER>")),
+        "error cmx-key-section 3:1: " + key +
+            " is a key of REMOTE_MACHINES, not of TASKMANAGER: the launcher would ignore the "
+            "line\n  move it into REMOTE_MACHINES (REMOTE_MACHINES)\n");
+  }
+}
+
+TEST(CmxKeys, AModeInAnotherSectionIsSaidOnce) {
+  const std::string file =
+      Local("IDTaskMode = 0\n", "") +
+      "<SOLID_COOL>\nIDTaskMode = 0\nFlag3DSolidCoolingChannel = 0\n</SOLID_COOL>\n";
+  EXPECT_EQ(FoundInShort(file, SolverClass::Cool),
+            "error cmx-key-section 6:1: IDTaskMode is a key of TASKMANAGER, not of SOLID_COOL: the "
+            "launcher would ignore the line and run distributed\n"
+            "  move it into TASKMANAGER (TASKMANAGER)\n");
+}
+
+/// A line behind "ValueLocalHost = NODE1", and that line as it is.
+std::string WithHosts(const std::string& localHost, const std::string& storageNode) {
+  return FoundInShort(Distributed("ValueLocalHost = NODE1", localHost + "\n" + storageNode));
+}
+
+TEST(CmxKeys, OneOfTheTwoStorageNodesDoesWithoutTheOther) {
+  EXPECT_EQ(WithHosts("ValueLocalHost = NODE1", "ValueStoragenode = NODE1"),
+            "warning cmx-key-case 9:1: ValueStoragenode is not written ValueStorageNode: the "
+            "launcher would ignore the line\n"
+            "  a key of this section is written ValueStorageNode (ValueStorageNode)\n");
+  EXPECT_EQ(WithHosts("ValueLocalhost = NODE1", "ValueStorageNode = NODE2"),
+            "warning cmx-key-case 8:1: ValueLocalhost is not written ValueLocalHost: the launcher "
+            "would ignore the line\n"
+            "  a key of this section is written ValueLocalHost (ValueLocalHost)\n");
+}
+
+TEST(CmxKeys, AnotherStorageNodeThanTheLocalHostIsMissed) {
+  EXPECT_EQ(WithHosts("ValueLocalHost = NODE1", "ValueStoragenode = NODE2"),
+            "error cmx-key-case 9:1: ValueStoragenode is not written ValueStorageNode: the "
+            "launcher would ignore the line\n"
+            "  a key of this section is written ValueStorageNode (ValueStorageNode)\n");
+}
+
 TEST(CmxKeys, AKeyOutsideItsSectionIsIgnored) {
   EXPECT_EQ(Found("IDTaskMode = 0\n" + Local("IDTaskMode = 0\n", "")),
             "Sample03.cmx:1:1: error: IDTaskMode stands outside TASKMANAGER: the launcher would "
-            "ignore the line [cmx-key-section]\n"
+            "ignore the line and run distributed [cmx-key-section]\n"
             "    1 | IDTaskMode = 0\n"
             "      | ^~~~~~~~~~ help: move it into TASKMANAGER\n");
+}
+
+std::string Cooling(const std::string& section, const std::string& flag) {
+  return Local() + "<" + section + ">\nFlag3DSolidCoolingChannel = " + flag + "\n</" + section +
+         ">\n";
+}
+
+TEST(CmxKeys, TheCoolingFlagInASectionThatIsNone) {
+  EXPECT_EQ(FoundInShort(Cooling("SOLID_COOLING", "1"), SolverClass::Cool),
+            "error cmx-key-section 7:1: Flag3DSolidCoolingChannel stands outside SOLID_COOL: the "
+            "launcher would ignore the line and not run the flow solver first\n"
+            "  move it into SOLID_COOL\n");
+  EXPECT_EQ(FoundInShort(Cooling("SOLID_COOLING", "0"), SolverClass::Cool), "");
+  EXPECT_EQ(FoundInShort(Cooling("SOLID_COOLING", "1")), "");
+}
+
+TEST(CmxKeys, TheCoolingFlagInAMisspeltSectionIsSaidOnce) {
+  EXPECT_EQ(FoundInShort(Cooling("Solid_Cool", "1"), SolverClass::Cool),
+            "error cmx-tag 6:1: <Solid_Cool> is not the tag <SOLID_COOL>: the launcher would see "
+            "no such section\n"
+            "  the tag is written <SOLID_COOL>, alone on its line (<SOLID_COOL>)\n");
 }
 
 TEST(CmxKeys, AForeignSectionMayUseTheSameKey) {

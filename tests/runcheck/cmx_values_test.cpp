@@ -254,6 +254,24 @@ TEST(CmxValues, ADistributedModeAloneNeedsMachines) {
             "  the section is written into the CMX file\n");
 }
 
+TEST(CmxValues, WhatStandsAroundTheTasksReachesTheProcessLauncher) {
+  EXPECT_EQ(FoundInShort(LocalTasks("2 # two", "2")),
+            "error cmx-comment 3:17: a comment stands behind the value of ValueNoTask: the MPI "
+            "process launcher would be given it as it stands\n"
+            "  the value is written 2 (2)\n");
+  EXPECT_EQ(FoundInShort(LocalTasks("\"2\"", "2")),
+            "error cmx-quoted-value 3:15: the value of ValueNoTask stands in quotation marks: the "
+            "MPI process launcher would be given it as it stands\n"
+            "  the value is written 2 (2)\n");
+}
+
+TEST(CmxValues, ABlankBehindTheTasksReachesNobody) {
+  EXPECT_EQ(FoundInShort(LocalTasks("2 ", "2")),
+            "warning cmx-trailing-blank 3:16: 1 blank stands behind the value of ValueNoTask: the "
+            "launcher would take it as part of the value\n"
+            "  the value is written 2 (2)\n");
+}
+
 constexpr const char* kCooling = "<SOLID_COOL>\nFlag3DSolidCoolingChannel = 1\n</SOLID_COOL>\n";
 
 TEST(CmxValues, ACoolingFlagInAWord) {
@@ -277,7 +295,7 @@ TEST(CmxValues, ACoolingFlagInTheWrongSectionLosesThePass) {
       Local("ValueNoTask = 1", "Flag3DSolidCoolingChannel = 1\nValueNoTask = 1");
   EXPECT_EQ(FoundInShort(inTasks, SolverClass::Cool),
             "error cmx-key-section 3:1: Flag3DSolidCoolingChannel is a key of SOLID_COOL, not of "
-            "TASKMANAGER: the launcher would ignore the line\n"
+            "TASKMANAGER: the launcher would ignore the line and not run the flow solver first\n"
             "  move it into SOLID_COOL (SOLID_COOL)\n");
   EXPECT_EQ(FoundInShort(inTasks + kCooling, SolverClass::Cool),
             "warning cmx-key-section 3:1: Flag3DSolidCoolingChannel is a key of SOLID_COOL, not of "

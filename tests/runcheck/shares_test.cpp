@@ -217,14 +217,15 @@ TEST_F(RunCheckShares, AWorkingFolderWithSlashes) {
 }
 
 TEST_F(RunCheckShares, AWorkingFolderThatEndsWithinAName) {
-  EXPECT_EQ(FoundWith("<site>\\WORK", "<site>\\Wo"),
-            "Sample01.cmx:8:28: error: <site>\\Wo ends within a name of the project directory and "
-            "makes the project k\\sample: the run would go to another folder [working-folder]\n"
-            "    8 | ValueParallelWorkingFolder=<site>\\Wo\n"
-            "      |                            ^~ help: it is the shared folder above the "
-            "project, without a backslash at its end\n"
-            "\n"
-            "1 error: this run would not be the one that is meant.\n");
+  EXPECT_EQ(
+      FoundWith("<site>\\WORK", "<site>\\Wo"),
+      std::string(
+          "Sample01.cmx:8:28: error: <site>\\Wo ends within a name of the project directory and "
+          "makes the project k\\sample: the run would go to another folder [working-folder]\n"
+          "    8 | ValueParallelWorkingFolder=<site>\\Wo\n"
+          "      |                            ^~ help: the working folder is written "
+          "<site>\\Work\n") +
+          kNotMeant);
 }
 
 TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginning) {
@@ -236,6 +237,28 @@ TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginning) {
             "project, without a backslash at its end\n"
             "\n"
             "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckShares, AWorkingFolderThatIsNoBeginningWithItsBackslash) {
+  EXPECT_EQ(FoundWith("<site>\\WORK", "\\Work"),
+            "Sample01.cmx:8:28: warning: \\Work is not where the project directory begins: the "
+            "launcher would cut the project directory at the first place [working-folder]\n"
+            "    8 | ValueParallelWorkingFolder=\\Work\n"
+            "      |                            ^~ help: it is the shared folder above the "
+            "project, without a backslash at its end\n"
+            "\n"
+            "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckShares, ADriveIsNotTakenForAnother) {
+  EXPECT_EQ(
+      FoundWith("<site>\\WORK", "P:\\"),
+      std::string("Sample01.cmx:8:28: error: P:\\ is not in the project directory "
+                  "<site>\\Work\\Sample: the run would go to another folder [working-folder]\n"
+                  "    8 | ValueParallelWorkingFolder=P:\\\n"
+                  "      |                            ^~ help: it is the shared folder above the "
+                  "project, without a backslash at its end\n") +
+          kNotMeant);
 }
 
 TEST_F(RunCheckShares, AWorkingFolderThatBeginsWithinAName) {
