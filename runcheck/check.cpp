@@ -227,16 +227,16 @@ class RunCheck {
   void TellPaths(const NetworkAnswers& answers, const std::string& home) {
     Report& report = check_.report;
     const auto tell = [&](const std::string& path, const std::string& what,
-                          const std::string& consequence) {
+                          const std::string& consequence, const std::string& help = {}) {
       const Answer answer = answers.paths.at(path);
       if (answer == Answer::Yes) return true;
       if (answer == Answer::Silent) {
         report.diagnostics.push_back(Diagnostic("host-silent", path + " did not answer in time"));
       } else {
-        report.diagnostics.push_back(
-            Diagnostic("share-unreachable",
-                       "the " + what + " " + path + " cannot be reached from here")
-                .Because(consequence));
+        Diagnostic diagnostic("share-unreachable",
+                              "the " + what + " " + path + " cannot be reached from here");
+        if (!help.empty()) diagnostic.Help(help);
+        report.diagnostics.push_back(std::move(diagnostic).Because(consequence));
       }
       return false;
     };
@@ -244,7 +244,8 @@ class RunCheck {
     std::vector<std::string> told;
     for (const Pass& pass : report.passes) {
       if (hasHome) {
-        tell(WithExtension(pass.solverPath), "shared solver", "the machines would not start it");
+        tell(WithExtension(pass.solverPath), "shared solver", "the machines would not start it",
+             "the solver lies in Bin of the shared installation");
       }
       if (std::ranges::find(told, pass.logFolder) != told.end()) continue;
       told.push_back(pass.logFolder);

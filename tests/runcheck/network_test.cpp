@@ -29,11 +29,12 @@ class RunCheckNetwork : public RunCheckTest {
     return text.substr(text.find("  machine"));
   }
 
-  static std::string Unreachable(const std::string& what, const std::string& consequence) {
+  static std::string Unreachable(
+      const std::string& what, const std::string& consequence,
+      const std::string& help = "the share is set up on the storage node") {
     return kNames + ("error: the " + what + " cannot be reached from here: " + consequence) +
-           " [share-unreachable]\n"
-           "    help: the share is set up on the storage node\n" +
-           kNotSeen + "1 error: this run would not be the one that is meant.\n";
+           " [share-unreachable]\n    help: " + help + "\n" + kNotSeen +
+           "1 error: this run would not be the one that is meant.\n";
   }
 
   const std::string localFile =
@@ -85,7 +86,8 @@ TEST_F(RunCheckNetwork, ASharedRunFolderThatIsNotThere) {
 TEST_F(RunCheckNetwork, ASharedSolverThatIsNotThere) {
   site.Remove("Home\\Bin\\Qvx3DFlow.exe");
   EXPECT_EQ(Asked(localFile), Unreachable("shared solver <share>\\Home\\Bin\\Qvx3DFlow.exe",
-                                          "the machines would not start it"));
+                                          "the machines would not start it",
+                                          "the solver lies in Bin of the shared installation"));
 }
 
 TEST_F(RunCheckNetwork, AKnownHostsAddressStandsInJson) {
