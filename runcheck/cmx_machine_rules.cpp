@@ -27,6 +27,9 @@ std::string Decimal(double number) {
 }
 
 /// A host name, as far as DNS and NetBIOS allow one; an address too.
+/// "NODE1:8676"; an IPv6 address has several colons.
+bool HasPort(std::string_view name) { return std::ranges::count(name, ':') == 1; }
+
 bool IsHostName(std::string_view name) {
   for (std::size_t at = 0; at < name.size(); ++at) {
     const char c = name[at];
@@ -40,7 +43,7 @@ bool IsHostName(std::string_view name) {
                       std::string_view("-_.:").find(c) != std::string_view::npos;
     if (!fits) return false;
   }
-  return !name.empty();
+  return !name.empty() && !HasPort(name);
 }
 
 /// A decimal number, the whole text.
@@ -300,7 +303,7 @@ class MachineRules {
            FindCharacter(name, kAround, name.size() - 1) != std::string_view::npos) {
       name.remove_suffix(1);
     }
-    return std::string(name);
+    return std::string(HasPort(name) ? name.substr(0, name.find(':')) : name);
   }
 
   void CheckTaskCount(const SettingLine& entry, const std::string& host, const std::string& tasks) {

@@ -236,6 +236,17 @@ TEST(CmxMachines, QuotationMarksAroundAHost) {
             "  the name is written NODE1 (NODE1)\n");
 }
 
+TEST(CmxMachines, APortBehindAHost) {
+  EXPECT_EQ(FoundInShort(Distributed("1 = NODE1", "1 = NODE1:8676")),
+            "error machine-host 10:5: NODE1:8676 is no host name: the MPI process launcher would "
+            "ask for another machine\n"
+            "  the name is written NODE1 (NODE1)\n");
+}
+
+TEST(CmxMachines, AnAddressWithColonsIsInOrder) {
+  EXPECT_EQ(FoundInShort(Distributed("1 = NODE1", "1 = fe80::1")), "");
+}
+
 TEST(CmxMachines, BackslashesBeforeAHost) {
   EXPECT_EQ(
       FoundInShort(Distributed("NODE1\t", "\\\\NODE1\t")),
