@@ -120,6 +120,10 @@ TEST_F(ProcessLauncher, ReportsAProgramThatCannotBeStarted) {
             (Ended{"Error: cannot start no-such-program: system error 2\r\n", -1}));
 }
 
+TEST_F(ProcessLauncher, FindsAProgramByItsBareName) {
+  EXPECT_EQ(Run("cmd /c exit 5"), (Ended{"", 5}));
+}
+
 TEST_F(ProcessLauncher, GivesLocalProcessesItsOwnEnvironment) {
   const test::EnvironmentVariable own("QVX_OWN");
   own.Set("inherited");
@@ -145,7 +149,7 @@ TEST_F(ProcessLauncher, KeepsTheFirstOfAVariableGivenTwice) {
 }
 
 TEST_F(ProcessLauncher, ReturnsTheExitCodeThatComesLast) {
-  SetScript("rank 0 touch <folder>\\zero;rank 0 exit 5;outlive <folder>\\zero;exit 6");
+  SetScript("rank 0 touch <folder>\\zero;rank 0 exit -1;outlive <folder>\\zero;exit 6");
   EXPECT_EQ(Run("-n 2 %s"), (Ended{"", 6}));
   SetScript("rank 1 touch <folder>\\one;rank 1 exit 5;outlive <folder>\\one");
   EXPECT_EQ(Run("-n 2 %s"), (Ended{"", 0}));
@@ -215,6 +219,22 @@ TEST_F(ProcessLauncher, CannotReachTheHostsOfAFileBesideIt) {
   EXPECT_EQ(folder.Read("started"), "");
   EXPECT_EQ(Run("-hosts 1 NODE2 %s"), (Ended{"", 0}));
   EXPECT_NE(folder.Read("started"), "");
+}
+
+TEST_F(ProcessLauncher, EndsBeforeItsOutputIsRead) {
+  SetScript("print x");
+  const Ended ended = Run("-n 1 %s", "", [](HANDLE process) {
+    constexpr DWORD kLongEnough = 60'000;
+    EXPECT_EQ(WaitForSingleObject(process, kLongEnough), WAIT_OBJECT_0);
+  });
+  EXPECT_EQ(ended, (Ended{"x\r\n", 0}));
+}
+
+TEST_F(ProcessLauncher, EndsWhatASolverLeavesBehind) {
+  // Rank 1 ends the run when what rank 0 left behind is there.
+  SetScript(
+      "rank 0 touch <folder>\\left;rank 0 sleep 60000;rank 0 print late;await <folder>\\left");
+  EXPECT_EQ(Run("-n 1 cmd /c start /b %s : -n 1 %s"), (Ended{"", 0}));
 }
 
 TEST_F(ProcessLauncher, TakesItsProcessesAlongWhenItIsEnded) {
