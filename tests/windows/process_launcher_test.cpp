@@ -16,6 +16,8 @@
 namespace qvx {
 namespace {
 
+constexpr DWORD kPollMilliseconds = 10;
+
 struct Ended {
   std::string output;
   int status = 0;
@@ -39,9 +41,9 @@ class ProcessLauncher : public testing::Test {
   }
 
   /// Runs impiexec.exe with `arguments`, in which `%s` stands for the solver, and `input` at its
-  /// standard input. `meanwhile` gets its process.
+  /// standard input. `meanwhile` gets its process and the end of its output to read from.
   Ended Run(const std::string& arguments, const std::string& input = "",
-            const std::function<void(HANDLE)>& meanwhile = {}) const {
+            const std::function<void(HANDLE, HANDLE)>& meanwhile = {}) const {
     SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
     HANDLE outputRead = nullptr, outputWrite = nullptr, inputRead = nullptr, inputWrite = nullptr;
     CreatePipe(&outputRead, &outputWrite, &inheritable, 0);
@@ -65,7 +67,7 @@ class ProcessLauncher : public testing::Test {
     DWORD size = 0;
     WriteFile(inputWrite, input.data(), static_cast<DWORD>(input.size()), &size, nullptr);
     CloseHandle(inputWrite);
-    if (meanwhile) meanwhile(process.hProcess);
+    if (meanwhile) meanwhile(process.hProcess, outputRead);
     Ended ended;
     char chunk[4096];
     while (ReadFile(outputRead, chunk, sizeof chunk, &size, nullptr)) {
@@ -87,7 +89,6 @@ class ProcessLauncher : public testing::Test {
   }
 
   void AwaitFile(const std::string& name) const {
-    constexpr DWORD kPollMilliseconds = 10;
     while (folder.Read(name).empty()) Sleep(kPollMilliseconds);
   }
 
@@ -113,6 +114,22 @@ TEST_F(ProcessLauncher, ExplainsWhatItCannotRead) {
 TEST_F(ProcessLauncher, NamesOptionsThatItDoesNotKnowAndGoesOn) {
   SetScript("print x");
   EXPECT_EQ(Run("-mapall %s"), (Ended{"Unknown option: -mapall\r\nx\r\n", 0}));
+}
+
+TEST_F(ProcessLauncher, ComplainsAndHangsWithoutAProcessManager) {
+  folder.Write("impiexec_no_smpd.txt", "");
+  const Ended ended = Run("%s", "", [this](HANDLE process, HANDLE output) {
+    DWORD size = 0;
+    while (size == 0) {
+      ASSERT_TRUE(PeekNamedPipe(output, nullptr, 0, nullptr, &size, nullptr));
+      Sleep(kPollMilliseconds);
+    }
+    std::filesystem::remove(folder.Path("impiexec_no_smpd.txt"));
+    // As long as another run takes, however busy the machine is.
+    EXPECT_EQ(Run("cmd /c exit").status, 0);
+    TerminateProcess(process, 77);
+  });
+  EXPECT_EQ(ended, (Ended{"Unknown option: -d\r\n", 77}));
 }
 
 TEST_F(ProcessLauncher, ReportsAProgramThatCannotBeStarted) {
@@ -177,7 +194,7 @@ TEST_F(ProcessLauncher, GivesItsInputToTheFirstRankAlone) {
   EXPECT_EQ(Run("-n 1 %s", "0123456789"), (Ended{"stdin: 10 bytes\r\n", 0}));
   // The other's never ends, so only a kill ends the run.
   SetScript("stdin;touch <folder>\\first");
-  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process) {
+  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process, HANDLE) {
     AwaitFile("first");
     // As long as another run takes, however busy the machine is.
     EXPECT_EQ(Run("-n 1 %s").status, 0);
@@ -223,7 +240,7 @@ TEST_F(ProcessLauncher, CannotReachTheHostsOfAFileBesideIt) {
 
 TEST_F(ProcessLauncher, EndsBeforeItsOutputIsRead) {
   SetScript("print x");
-  const Ended ended = Run("-n 1 %s", "", [](HANDLE process) {
+  const Ended ended = Run("-n 1 %s", "", [](HANDLE process, HANDLE) {
     constexpr DWORD kLongEnough = 60'000;
     EXPECT_EQ(WaitForSingleObject(process, kLongEnough), WAIT_OBJECT_0);
   });
@@ -239,7 +256,7 @@ TEST_F(ProcessLauncher, EndsWhatASolverLeavesBehind) {
 
 TEST_F(ProcessLauncher, TakesItsProcessesAlongWhenItIsEnded) {
   SetScript("rank 1 touch <folder>\\solver;await <folder>\\never");
-  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process) {
+  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process, HANDLE) {
     AwaitFile("solver");
     TerminateProcess(process, 77);
   });
