@@ -8,7 +8,6 @@
 #include <string>
 
 #include "tests/support/machine_state.h"
-#include "tests/support/process_runs.h"
 #include "tests/support/program_path.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/texts.h"
@@ -255,13 +254,17 @@ TEST_F(ProcessLauncher, EndsWhatASolverLeavesBehind) {
 }
 
 TEST_F(ProcessLauncher, TakesItsProcessesAlongWhenItIsEnded) {
-  SetScript("rank 1 touch <folder>\\solver;await <folder>\\never");
-  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process, HANDLE) {
+  SetScript("rank 1 touch <folder>\\solver;sleep 60000;touch <folder>\\late");
+  HANDLE solver = nullptr;
+  const Ended ended = Run("-n 2 %s", "", [&](HANDLE process, HANDLE) {
     AwaitFile("solver");
+    solver = OpenProcess(SYNCHRONIZE, FALSE, std::stoul(folder.Read("solver")));
     TerminateProcess(process, 77);
   });
   EXPECT_EQ(ended, (Ended{"", 77}));
-  EXPECT_FALSE(test::ProcessRuns(std::stoul(folder.Read("solver"))));
+  EXPECT_EQ(WaitForSingleObject(solver, INFINITE), WAIT_OBJECT_0);
+  CloseHandle(solver);
+  EXPECT_EQ(folder.Read("late"), "");
 }
 
 }  // namespace
