@@ -193,7 +193,7 @@ TEST_F(ProcessLauncher, GivesItsInputToTheFirstRankAlone) {
   EXPECT_EQ(Run("-n 1 %s", "0123456789"), (Ended{"stdin: 10 bytes\r\n", 0}));
   // The other's never ends, so only a kill ends the run.
   SetScript("stdin;touch <folder>\\first");
-  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process, HANDLE) {
+  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process, HANDLE /*output*/) {
     AwaitFile("first");
     // As long as another run takes, however busy the machine is.
     EXPECT_EQ(Run("-n 1 %s").status, 0);
@@ -239,7 +239,7 @@ TEST_F(ProcessLauncher, CannotReachTheHostsOfAFileBesideIt) {
 
 TEST_F(ProcessLauncher, EndsBeforeItsOutputIsRead) {
   SetScript("print x");
-  const Ended ended = Run("-n 1 %s", "", [](HANDLE process, HANDLE) {
+  const Ended ended = Run("-n 1 %s", "", [](HANDLE process, HANDLE /*output*/) {
     constexpr DWORD kLongEnough = 60'000;
     EXPECT_EQ(WaitForSingleObject(process, kLongEnough), WAIT_OBJECT_0);
   });
@@ -256,7 +256,7 @@ TEST_F(ProcessLauncher, EndsWhatASolverLeavesBehind) {
 TEST_F(ProcessLauncher, TakesItsProcessesAlongWhenItIsEnded) {
   SetScript("rank 1 touch <folder>\\solver;sleep 60000;touch <folder>\\late");
   HANDLE solver = nullptr;
-  const Ended ended = Run("-n 2 %s", "", [&](HANDLE process, HANDLE) {
+  const Ended ended = Run("-n 2 %s", "", [&](HANDLE process, HANDLE /*output*/) {
     AwaitFile("solver");
     solver = OpenProcess(SYNCHRONIZE, FALSE, std::stoul(folder.Read("solver")));
     TerminateProcess(process, 77);
