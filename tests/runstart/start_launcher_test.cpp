@@ -189,9 +189,11 @@ TEST_F(StartLauncher, ShowsItsUsage) {
 
 TEST_F(StartLauncher, StartsAnApplicationAsAFrontEndDoesAndChecksNothing) {
   LauncherDoes("command-line;exit -7000");
-  Start({"<site>\\Home\\Bin\\QVXSolverLauncher.exe", "any name$7*x", "a*b c*", "", "say \"x\""});
+  Start({"<site>\\Home\\Bin\\QVXSolverLauncher.exe", "any name$7*x", "a*b c*", "", "say \"x\"",
+         "d\\"});
   EXPECT_EQ(output,
-            "\"any name$7*x\" \"a*b c*\" \"\" \"say \\\"x\\\"\"\r\n\r\nexit status -7000\r\n");
+            "\"any name$7*x\" \"a*b c*\" \"\" \"say \\\"x\\\"\" \"d\\\\\"\r\n\r\n"
+            "exit status -7000\r\n");
   EXPECT_EQ(error, "");
   EXPECT_EQ(status, 0);
 }

@@ -1,13 +1,15 @@
-// Folders whose last letter ends in the byte of a backslash, as some do in a double-byte code page.
-// Runs in code page 932.
+// Folders whose last letter ends in the byte of a backslash, as some do in a double-byte code page,
+// and half a letter. Runs in code page 932.
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <iterator>
 #include <string>
 #include <string_view>
 
 #include "execution/mpi_configuration.h"
 #include "launcher/command_line.h"
+#include "platform/qvx_unicode_tool.h"
 #include "tests/support/machine_state.h"
 
 namespace qvx {
@@ -33,6 +35,12 @@ TEST(DoubleByte, HomeFolderKeepsItsLastLetterAndLosesItsSeparator) {
   EXPECT_EQ(HomeFolderOf(kFolder), kFolder);
   EXPECT_EQ(HomeFolderOf(kFolder + "\\"), kFolder);
   EXPECT_EQ(HomeFolderOf(kFolder + "\\\\"), kFolder + "\\");
+}
+
+TEST(DoubleByte, HalfALetterIsNotConverted) {
+  wchar_t utf16[] = L"before";
+  EXPECT_LT(CQVXUnicodeTool().AnsiToUtf16("a\x83", utf16, std::size(utf16)), 0);
+  EXPECT_STREQ(utf16, L"");
 }
 
 TEST(DoubleByte, MpiInstallationPathKeepsItsLastLetterAndLosesItsSeparator) {

@@ -8,13 +8,14 @@
 #include <string>
 
 #include "tests/support/machine_state.h"
-#include "tests/support/process_runs.h"
 #include "tests/support/program_path.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/texts.h"
 
 namespace qvx {
 namespace {
+
+constexpr DWORD kPollMilliseconds = 10;
 
 struct Ended {
   std::string output;
@@ -39,9 +40,9 @@ class ProcessLauncher : public testing::Test {
   }
 
   /// Runs impiexec.exe with `arguments`, in which `%s` stands for the solver, and `input` at its
-  /// standard input. `meanwhile` gets its process.
+  /// standard input. `meanwhile` gets its process and the end of its output to read from.
   Ended Run(const std::string& arguments, const std::string& input = "",
-            const std::function<void(HANDLE)>& meanwhile = {}) const {
+            const std::function<void(HANDLE, HANDLE)>& meanwhile = {}) const {
     SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
     HANDLE outputRead = nullptr, outputWrite = nullptr, inputRead = nullptr, inputWrite = nullptr;
     CreatePipe(&outputRead, &outputWrite, &inheritable, 0);
@@ -65,7 +66,7 @@ class ProcessLauncher : public testing::Test {
     DWORD size = 0;
     WriteFile(inputWrite, input.data(), static_cast<DWORD>(input.size()), &size, nullptr);
     CloseHandle(inputWrite);
-    if (meanwhile) meanwhile(process.hProcess);
+    if (meanwhile) meanwhile(process.hProcess, outputRead);
     Ended ended;
     char chunk[4096];
     while (ReadFile(outputRead, chunk, sizeof chunk, &size, nullptr)) {
@@ -87,7 +88,6 @@ class ProcessLauncher : public testing::Test {
   }
 
   void AwaitFile(const std::string& name) const {
-    constexpr DWORD kPollMilliseconds = 10;
     while (folder.Read(name).empty()) Sleep(kPollMilliseconds);
   }
 
@@ -115,9 +115,29 @@ TEST_F(ProcessLauncher, NamesOptionsThatItDoesNotKnowAndGoesOn) {
   EXPECT_EQ(Run("-mapall %s"), (Ended{"Unknown option: -mapall\r\nx\r\n", 0}));
 }
 
+TEST_F(ProcessLauncher, ComplainsAndHangsWithoutAProcessManager) {
+  folder.Write("impiexec_no_smpd.txt", "");
+  const Ended ended = Run("%s", "", [this](HANDLE process, HANDLE output) {
+    DWORD size = 0;
+    while (size == 0) {
+      ASSERT_TRUE(PeekNamedPipe(output, nullptr, 0, nullptr, &size, nullptr));
+      Sleep(kPollMilliseconds);
+    }
+    std::filesystem::remove(folder.Path("impiexec_no_smpd.txt"));
+    // As long as another run takes, however busy the machine is.
+    EXPECT_EQ(Run("cmd /c exit").status, 0);
+    TerminateProcess(process, 77);
+  });
+  EXPECT_EQ(ended, (Ended{"Unknown option: -d\r\n", 77}));
+}
+
 TEST_F(ProcessLauncher, ReportsAProgramThatCannotBeStarted) {
   EXPECT_EQ(Run("no-such-program"),
             (Ended{"Error: cannot start no-such-program: system error 2\r\n", -1}));
+}
+
+TEST_F(ProcessLauncher, FindsAProgramByItsBareName) {
+  EXPECT_EQ(Run("cmd /c exit 5"), (Ended{"", 5}));
 }
 
 TEST_F(ProcessLauncher, GivesLocalProcessesItsOwnEnvironment) {
@@ -145,7 +165,7 @@ TEST_F(ProcessLauncher, KeepsTheFirstOfAVariableGivenTwice) {
 }
 
 TEST_F(ProcessLauncher, ReturnsTheExitCodeThatComesLast) {
-  SetScript("rank 0 touch <folder>\\zero;rank 0 exit 5;outlive <folder>\\zero;exit 6");
+  SetScript("rank 0 touch <folder>\\zero;rank 0 exit -1;outlive <folder>\\zero;exit 6");
   EXPECT_EQ(Run("-n 2 %s"), (Ended{"", 6}));
   SetScript("rank 1 touch <folder>\\one;rank 1 exit 5;outlive <folder>\\one");
   EXPECT_EQ(Run("-n 2 %s"), (Ended{"", 0}));
@@ -173,7 +193,7 @@ TEST_F(ProcessLauncher, GivesItsInputToTheFirstRankAlone) {
   EXPECT_EQ(Run("-n 1 %s", "0123456789"), (Ended{"stdin: 10 bytes\r\n", 0}));
   // The other's never ends, so only a kill ends the run.
   SetScript("stdin;touch <folder>\\first");
-  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process) {
+  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process, HANDLE /*output*/) {
     AwaitFile("first");
     // As long as another run takes, however busy the machine is.
     EXPECT_EQ(Run("-n 1 %s").status, 0);
@@ -217,14 +237,34 @@ TEST_F(ProcessLauncher, CannotReachTheHostsOfAFileBesideIt) {
   EXPECT_NE(folder.Read("started"), "");
 }
 
+TEST_F(ProcessLauncher, EndsBeforeItsOutputIsRead) {
+  SetScript("print x");
+  const Ended ended = Run("-n 1 %s", "", [](HANDLE process, HANDLE /*output*/) {
+    constexpr DWORD kLongEnough = 60'000;
+    EXPECT_EQ(WaitForSingleObject(process, kLongEnough), WAIT_OBJECT_0);
+  });
+  EXPECT_EQ(ended, (Ended{"x\r\n", 0}));
+}
+
+TEST_F(ProcessLauncher, EndsWhatASolverLeavesBehind) {
+  // Rank 1 ends the run when what rank 0 left behind is there.
+  SetScript(
+      "rank 0 touch <folder>\\left;rank 0 sleep 60000;rank 0 print late;await <folder>\\left");
+  EXPECT_EQ(Run("-n 1 cmd /c start /b %s : -n 1 %s"), (Ended{"", 0}));
+}
+
 TEST_F(ProcessLauncher, TakesItsProcessesAlongWhenItIsEnded) {
-  SetScript("rank 1 touch <folder>\\solver;await <folder>\\never");
-  const Ended ended = Run("-n 2 %s", "", [this](HANDLE process) {
+  SetScript("rank 1 touch <folder>\\solver;sleep 60000;touch <folder>\\late");
+  HANDLE solver = nullptr;
+  const Ended ended = Run("-n 2 %s", "", [&](HANDLE process, HANDLE /*output*/) {
     AwaitFile("solver");
+    solver = OpenProcess(SYNCHRONIZE, FALSE, std::stoul(folder.Read("solver")));
     TerminateProcess(process, 77);
   });
   EXPECT_EQ(ended, (Ended{"", 77}));
-  EXPECT_FALSE(test::ProcessRuns(std::stoul(folder.Read("solver"))));
+  EXPECT_EQ(WaitForSingleObject(solver, INFINITE), WAIT_OBJECT_0);
+  CloseHandle(solver);
+  EXPECT_EQ(folder.Read("late"), "");
 }
 
 }  // namespace
