@@ -115,7 +115,7 @@ std::string Cleaned(std::string_view value) {
   while (!value.empty() && (value.front() == '=' || value.front() == ':')) {
     value = TrimmedOfInvisible(value.substr(1));
   }
-  for (const std::string_view opening : {";", "#", "//", "!", "(", "/*", "--"}) {
+  for (const std::string_view opening : {"<!--", ";", "#", "//", "!", "(", "/*", "--"}) {
     const std::size_t at = value.find(opening, 1);
     if (at != std::string_view::npos) value = TrimmedOfInvisible(value.substr(0, at));
   }

@@ -174,7 +174,7 @@ class ValueRules {
       const std::string_view rest = value.substr(i);
       const bool opens =
           rest.starts_with(';') || rest.starts_with('#') || rest.starts_with("//") ||
-          rest.starts_with("--") ||
+          rest.starts_with("--") || rest.starts_with("<!--") ||
           (!isText && (rest.starts_with('!') || rest.starts_with('(') || rest.starts_with("/*")));
       if (opens && (!isText || IsSpaceOrTab(value[i - 1]))) return i;
     }

@@ -69,6 +69,13 @@ TEST(CmxValues, ACommentBehindAValue) {
             "      |                ^~~~~~~ help: the value is written 0\n");
 }
 
+TEST(CmxValues, AnXmlCommentBehindAValue) {
+  EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", "IDTaskMode = 0 <!-- local -->")),
+            "error cmx-comment 2:16: a comment stands behind the value of IDTaskMode: the value is "
+            "not 0 and the run would be distributed\n"
+            "  the value is written 0 (0)\n");
+}
+
 TEST(CmxValues, ASemicolonWithinAPathIsInOrder) {
   EXPECT_EQ(Found(Distributed("ValueParallelWorkingFolder = C:\\Projects",
                               "ValueParallelWorkingFolder = C:\\Pro;jects#1")),
