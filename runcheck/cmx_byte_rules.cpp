@@ -19,6 +19,11 @@ bool IsInASection(const CmxFacts& facts, const CmxLine& line) {
   });
 }
 
+bool IsUtf32(std::string_view bytes) {
+  return bytes.starts_with(std::string_view("\xFF\xFE\0\0", 4)) ||
+         bytes.starts_with(std::string_view("\0\0\xFE\xFF", 4));
+}
+
 bool IsUtf16(std::string_view bytes) {
   if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return true;
   // Without a mark: every second byte of the first tag is zero.
@@ -123,9 +128,15 @@ void CheckLongLines(const CmxFacts& facts, Diagnostics& found) {
 
 }  // namespace
 
-bool HasLines(std::string_view bytes) { return !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes); }
+bool HasLines(std::string_view bytes) {
+  return !IsUtf32(bytes) && !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes);
+}
 
 void CheckBytes(const CmxFacts& facts, Diagnostics& found) {
+  if (IsUtf32(facts.File().bytes)) {
+    found.push_back(Diagnostic("cmx-utf-16", "the file is UTF-32"));
+    return;
+  }
   if (IsUtf16(facts.File().bytes)) {
     found.push_back(Diagnostic("cmx-utf-16", "the file is UTF-16"));
     return;

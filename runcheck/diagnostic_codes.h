@@ -130,7 +130,7 @@ inline constexpr CodeRow kCodes[] = {
     // The CMX file
     {"cmx-byte-order-mark", kWarning, kError, "the file begins with a byte-order mark",
      "the launcher would not recognise the first line", "the file is saved without it"},
-    {"cmx-utf-16", kError, kError, "the file is UTF-16",
+    {"cmx-utf-16", kError, kError, "the file is UTF-16 or UTF-32",
      "the launcher would read nothing of it and run distributed",
      "the file is saved in the ANSI code page"},
     {"cmx-zero-byte", kNote, kError, "a line holds a zero byte",

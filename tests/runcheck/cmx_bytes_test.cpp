@@ -17,6 +17,14 @@ std::string Utf16(const std::string& text) {
   return wide;
 }
 
+std::string Utf32(const std::string& text, bool bigEndian) {
+  std::string wide;
+  for (const char character : text) {
+    wide += bigEndian ? "\0\0\0"s + character : character + "\0\0\0"s;
+  }
+  return wide;
+}
+
 TEST(CmxBytes, AByteOrderMarkHidesTheFirstTag) {
   EXPECT_EQ(
       Found(Local("<TASKMANAGER>", "\357\273\277<TASKMANAGER>")),
@@ -50,6 +58,15 @@ TEST(CmxBytes, Utf16WithoutAMarkIsNotRead) {
             "error: the file is UTF-16: the launcher would read nothing of it and run distributed "
             "[cmx-utf-16]\n"
             "    help: the file is saved in the ANSI code page\n");
+}
+
+TEST(CmxBytes, Utf32IsNotRead) {
+  const std::string told =
+      "error cmx-utf-16: the file is UTF-32: the launcher would read nothing of it and run "
+      "distributed\n"
+      "  the file is saved in the ANSI code page\n";
+  EXPECT_EQ(FoundInShort("\377\376\0\0"s + Utf32(Local(), false)), told);
+  EXPECT_EQ(FoundInShort("\0\0\376\377"s + Utf32(Local(), true)), told);
 }
 
 TEST(CmxBytes, LettersBeyondAsciiAreNoUtf16) {
