@@ -139,7 +139,8 @@ TEST(CmxBytes, ALongLineElsewhereIsInOrder) {
 
 TEST(CmxBytes, LastLettersOfOtherCodePagesAreVisible) {
   // The last byte of Greek and Russian names is one of a byte-order mark.
-  for (const char* name : {"\xC5\xF1\xE3\xEF", "\xD2\xE8\xEF", "C:\\\xC4\xBF", "C:\\x\xBB"}) {
+  for (const char* name : {"\xC5\xF1\xE3\xEF", "\xD2\xE8\xEF", "C:\\\xC4\xBF", "C:\\x\xBB",
+                           "\xCF\xC2", "\xC5\xE2\x80", "\x80\x8B"}) {
     EXPECT_EQ(TrimmedOfInvisible(name), name);
   }
 }
