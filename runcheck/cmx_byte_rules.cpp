@@ -42,6 +42,18 @@ bool HasLoneCarriageReturns(std::string_view bytes) {
   return bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
 }
 
+/// LF CR for CR LF, throughout the file.
+bool HasReversedLineEnds(std::string_view bytes) {
+  bool has = false;
+  for (std::size_t at = bytes.find('\n'); at != std::string_view::npos;
+       at = bytes.find('\n', at + 1)) {
+    if (at > 0 && bytes[at - 1] == '\r') return false;
+    if (at + 1 < bytes.size() && bytes[at + 1] != '\r') return false;
+    has = has || at + 1 < bytes.size();
+  }
+  return has;
+}
+
 void CheckByteOrderMark(const CmxFacts& facts, Diagnostics& found) {
   if (!facts.File().bytes.starts_with(kByteOrderMark)) return;
   const CmxLine& line = facts.Lines().front();
@@ -102,6 +114,11 @@ void CheckLineEnds(const CmxFacts& facts, Diagnostics& found) {
                         .Because("the launcher would take the whole file as one line"));
     return;
   }
+  if (HasReversedLineEnds(facts.File().bytes)) {
+    found.push_back(
+        Diagnostic("cmx-line-ends", "the lines end in a line feed before a carriage return"));
+    return;
+  }
   for (const CmxLine& line : facts.Lines()) {
     if (!line.text.ends_with('\r')) continue;
     if (!IsInASection(facts, line) &&
@@ -129,7 +146,8 @@ void CheckLongLines(const CmxFacts& facts, Diagnostics& found) {
 }  // namespace
 
 bool HasLines(std::string_view bytes) {
-  return !IsUtf32(bytes) && !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes);
+  return !IsUtf32(bytes) && !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes) &&
+         !HasReversedLineEnds(bytes);
 }
 
 void CheckBytes(const CmxFacts& facts, Diagnostics& found) {

@@ -137,7 +137,7 @@ inline constexpr CodeRow kCodes[] = {
      "the launcher would read the line up to it", "the byte is removed"},
     {"cmx-control-z", kWarning, kError, "a Ctrl-Z stands within the file",
      "the launcher would read the file up to it", "the byte is removed"},
-    {"cmx-line-ends", kError, kError, "lines end in lone or doubled carriage returns",
+    {"cmx-line-ends", kError, kError, "lines end in lone, doubled or misplaced carriage returns",
      "the launcher would not recognise tags and values",
      "a line ends in one carriage return and one line feed"},
     {"cmx-long-line", kWarning, kWarning, "a line of a section has more than 1023 bytes",

@@ -115,6 +115,21 @@ TEST(CmxBytes, DoubledCarriageReturnsHideTheTags) {
             "      |              ^ help: a line ends in one carriage return and one line feed\n");
 }
 
+TEST(CmxBytes, CarriageReturnsBehindTheLineFeedsHideTheTags) {
+  const std::string told =
+      "error cmx-line-ends: the lines end in a line feed before a carriage return: the launcher "
+      "would not recognise tags and values\n"
+      "  a line ends in one carriage return and one line feed\n";
+  EXPECT_EQ(FoundInShort(Local("\n", "\n\r")), told);
+  const std::string file = Distributed("\n", "\n\r");
+  EXPECT_EQ(FoundInShort(file.substr(0, file.size() - 1)), told);
+}
+
+TEST(CmxBytes, EmptyLinesWithCarriageReturnsAreInOrder) {
+  EXPECT_EQ(Found("\r\n\r\n" + Local("\n", "\r\n\r\n")), "");
+  EXPECT_EQ(Found("\n\r\n" + Local()), "");
+}
+
 TEST(CmxBytes, OneCarriageReturnIsInOrder) { EXPECT_EQ(Found(Local("\n", "\r\n")), ""); }
 
 TEST(CmxBytes, ALongLineOfASectionIsCutInPieces) {
