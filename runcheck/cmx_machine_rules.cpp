@@ -146,10 +146,14 @@ class MachineRules {
     if (isRemark || setting.known != nullptr || IsTagLike(facts_, *setting.line)) {
       return false;
     }
-    if (!setting.hasEquals) {
-      return role == LineRole::Machine && setting.line->text.find('\t') != std::string_view::npos;
-    }
-    return true;
+    if (setting.hasEquals) return true;
+    if (role == LineRole::Machine) return text.find('\t') != std::string_view::npos;
+    return setting.role == role && IsDecimal(LastField(text));
+  }
+
+  /// What stands behind the last tab or blank: the weighting of a line without =.
+  static std::string_view LastField(std::string_view text) {
+    return text.substr(text.find_last_of(" \t") + 1);
   }
 
   /// True when the block takes exactly the lines that are meant for it.
@@ -328,6 +332,11 @@ class MachineRules {
     bool areNumbers = true;
     for (const SettingLine* entry : entries) {
       if (!LooksLikeEntry(*entry, LineRole::Weighting)) return;
+      if (!entry->hasEquals) {
+        AddWeightingWithoutEquals(*entry);
+        areNumbers = false;
+        continue;
+      }
       std::string value(entry->value.substr(0, entry->value.find(' ')));
       // Tabs around a number do no harm.
       value.erase(0, std::min(value.find_first_not_of('\t'), value.size()));
@@ -341,6 +350,15 @@ class MachineRules {
     if (entries.empty() || entries.size() != static_cast<std::size_t>(count_)) return;
     if (std::abs(sum - 1) <= rounding) return;
     Add(Diagnostic("weighting-sum", "the weightings add up to " + Decimal(sum)), *entries.back());
+  }
+
+  void AddWeightingWithoutEquals(const SettingLine& entry) {
+    const std::string right = std::to_string(entry.entry + 1) + " = " +
+                              std::string(LastField(TrimmedOfInvisible(entry.line->text)));
+    found_.push_back(Diagnostic("weighting-value", "no = stands before the weighting")
+                         .Because("the launcher would read it as 0")
+                         .Suggest(right, "the line is written " + right)
+                         .At(LineRange(facts_.File(), *entry.line), entry.line->whole));
   }
 
   /// False for one that is no number above 0.
