@@ -198,9 +198,15 @@ class KeyRules {
     return isThere ? closing : std::string();
   }
 
-  /// A line of a block that is over or was never opened: the block's own rules speak of it.
+  /// A line of a block that is over or was never opened: the block's own rules speak of it, or
+  /// those of a key that stands in another section.
   [[nodiscard]] bool IsStrayEntry(const SettingLine& setting) const {
-    return &Section() == &kRemoteMachinesSection &&
+    const bool holdsBlocks =
+        &Section() == &kRemoteMachinesSection ||
+        std::ranges::any_of(reading_.settings, [](const SettingLine& line) {
+          return line.key == "ValueMachineSetting" || line.key == "ValueMachineWeighting";
+        });
+    return holdsBlocks &&
            (IsPlainNumber(setting.key) || setting.value.find('\t') != std::string_view::npos);
   }
 

@@ -135,6 +135,24 @@ TEST(CmxKeys, AKeyOfAnotherSectionIsIgnored) {
             "      | ^~~~~~~~~~~~~~ help: move it into REMOTE_MACHINES\n");
 }
 
+TEST(CmxKeys, MachinesInTheTaskManagerAreNoUnknownKeys) {
+  const auto told = [](const char* place, const char* key) {
+    return "warning cmx-key-section " + std::string(place) + ": " + key +
+           " is a key of REMOTE_MACHINES, not of TASKMANAGER: the launcher would ignore the line\n"
+           "  move it into REMOTE_MACHINES (REMOTE_MACHINES)\n";
+  };
+  EXPECT_EQ(FoundInShort(Local("</TASKMANAGER>\n",
+                               std::string(kMachineBlock) + kWeightingBlock + "</TASKMANAGER>\n")),
+            told("5:1", "ValueMachineSetting") + told("8:1", "ValueMachineWeighting"));
+}
+
+TEST(CmxKeys, NumbersWithoutABlockAreUnknownKeys) {
+  EXPECT_EQ(FoundInShort(Local("</TASKMANAGER>\n", "1 = NODE1\t2\n</TASKMANAGER>\n")),
+            "note cmx-unknown-key 5:1: 1 is no key of TASKMANAGER: the launcher would ignore the "
+            "line\n"
+            "  leave the line out\n");
+}
+
 TEST(CmxKeys, AKeyOutsideItsSectionIsIgnored) {
   EXPECT_EQ(Found("IDTaskMode = 0\n" + Local("IDTaskMode = 0\n", "")),
             "Sample03.cmx:1:1: error: IDTaskMode stands outside TASKMANAGER: the launcher would "
