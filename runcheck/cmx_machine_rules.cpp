@@ -80,6 +80,18 @@ class MachineRules {
                                                    : "ValueMachineWeighting");
   }
 
+  /// The line that opens a block which has all its lines already; null for none.
+  [[nodiscard]] const SettingLine* SecondOpener(LineRole role) const {
+    const CmxKey* key = Opener(role)->known;
+    const SettingLine* first = nullptr;
+    for (const SettingLine& setting : reading_.settings) {
+      const bool opens = setting.role == LineRole::Setting && setting.known == key;
+      if (opens && first != nullptr && setting.line != first->line) return &setting;
+      if (opens) first = &setting;
+    }
+    return nullptr;
+  }
+
   [[nodiscard]] std::vector<const SettingLine*> EntriesOf(LineRole role) const {
     std::vector<const SettingLine*> entries;
     for (const SettingLine& setting : reading_.settings) {
@@ -176,6 +188,10 @@ class MachineRules {
       return false;
     }
     const std::vector<const SettingLine*> entries = EntriesOf(role);
+    if (const SettingLine* second = SecondOpener(role)) {
+      AddSecondBlock(*second, role, entries);
+      return false;
+    }
     for (const SettingLine* entry : entries) {
       if (LooksLikeEntry(*entry, role)) continue;
       const std::string text(TrimmedOfInvisible(entry->line->text));
@@ -199,6 +215,23 @@ class MachineRules {
       return false;
     }
     return CheckRest(role, entries);
+  }
+
+  /// A block that is opened again takes every later line and stores none.
+  void AddSecondBlock(const SettingLine& opener, LineRole role,
+                      const std::vector<const SettingLine*>& entries) {
+    bool losesText = false;
+    for (std::size_t i = static_cast<std::size_t>(count_); i < entries.size(); ++i) {
+      const SettingLine& entry = *entries[i];
+      const std::string_view first = entries[i % static_cast<std::size_t>(count_)]->value;
+      const bool differs = entry.value != first && !IsTagLike(facts_, *entry.line);
+      losesText = losesText || entry.known != nullptr || (role == LineRole::Machine && differs);
+    }
+    found_.push_back(
+        Diagnostic("cmx-key-twice", std::string(opener.key) + " opens its block again")
+            .Grave(losesText)
+            .Because("the launcher would keep the first block and drop the lines after this one")
+            .At(LineRange(facts_.File(), *opener.line), opener.line->whole));
   }
 
   /// A block that takes the line which would have opened the other one.
