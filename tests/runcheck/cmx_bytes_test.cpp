@@ -127,7 +127,7 @@ TEST(CmxBytes, CarriageReturnsBehindTheLineFeedsHideTheTags) {
 
 TEST(CmxBytes, EmptyLinesWithCarriageReturnsAreInOrder) {
   EXPECT_EQ(Found("\r\n\r\n" + Local("\n", "\r\n\r\n")), "");
-  EXPECT_EQ(Found("\n\r\n" + Local()), "");
+  EXPECT_EQ(Found("\n\r\n" + Local("\n", "\r\n")), "");
 }
 
 TEST(CmxBytes, OneCarriageReturnIsInOrder) { EXPECT_EQ(Found(Local("\n", "\r\n")), ""); }
