@@ -19,6 +19,11 @@ bool IsInASection(const CmxFacts& facts, const CmxLine& line) {
   });
 }
 
+bool IsUtf32(std::string_view bytes) {
+  return bytes.starts_with(std::string_view("\xFF\xFE\0\0", 4)) ||
+         bytes.starts_with(std::string_view("\0\0\xFE\xFF", 4));
+}
+
 bool IsUtf16(std::string_view bytes) {
   if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return true;
   // Without a mark: every second byte of the first tag is zero.
@@ -35,6 +40,18 @@ bool IsUtf16(std::string_view bytes) {
 
 bool HasLoneCarriageReturns(std::string_view bytes) {
   return bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
+}
+
+/// LF CR for CR LF, throughout the file.
+bool HasReversedLineEnds(std::string_view bytes) {
+  bool has = false;
+  for (std::size_t at = bytes.find('\n'); at != std::string_view::npos;
+       at = bytes.find('\n', at + 1)) {
+    if (at > 0 && bytes[at - 1] == '\r') return false;
+    if (at + 1 < bytes.size() && bytes[at + 1] != '\r') return false;
+    has = has || at + 1 < bytes.size();
+  }
+  return has;
 }
 
 void CheckByteOrderMark(const CmxFacts& facts, Diagnostics& found) {
@@ -97,6 +114,11 @@ void CheckLineEnds(const CmxFacts& facts, Diagnostics& found) {
                         .Because("the launcher would take the whole file as one line"));
     return;
   }
+  if (HasReversedLineEnds(facts.File().bytes)) {
+    found.push_back(
+        Diagnostic("cmx-line-ends", "the lines end in a line feed before a carriage return"));
+    return;
+  }
   for (const CmxLine& line : facts.Lines()) {
     if (!line.text.ends_with('\r')) continue;
     if (!IsInASection(facts, line) &&
@@ -123,9 +145,16 @@ void CheckLongLines(const CmxFacts& facts, Diagnostics& found) {
 
 }  // namespace
 
-bool HasLines(std::string_view bytes) { return !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes); }
+bool HasLines(std::string_view bytes) {
+  return !IsUtf32(bytes) && !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes) &&
+         !HasReversedLineEnds(bytes);
+}
 
 void CheckBytes(const CmxFacts& facts, Diagnostics& found) {
+  if (IsUtf32(facts.File().bytes)) {
+    found.push_back(Diagnostic("cmx-utf-16", "the file is UTF-32"));
+    return;
+  }
   if (IsUtf16(facts.File().bytes)) {
     found.push_back(Diagnostic("cmx-utf-16", "the file is UTF-16"));
     return;

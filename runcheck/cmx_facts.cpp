@@ -13,17 +13,23 @@ namespace {
 
 // Separators, and the no-break space of the Windows code pages.
 constexpr std::string_view kInvisible = " \t\r\v\f\xA0";
+// Of UTF-8. Where its first byte leads a letter, the no-break space may be one.
+constexpr std::string_view kZeroWidthSpace = "\xE2\x80\x8B";
+constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
 
 /// The bytes of the character that `text` begins with.
 std::size_t CharacterSize(std::string_view text) {
-  if (text.starts_with(kByteOrderMark)) return kByteOrderMark.size();
-  return text.size() > 1 && IsLeadByte(text.front()) ? 2 : 1;
+  for (const std::string_view character : {kByteOrderMark, kZeroWidthSpace}) {
+    if (text.starts_with(character)) return character.size();
+  }
+  if (text.size() > 1 && IsLeadByte(text.front())) return 2;
+  return text.starts_with(kNoBreakSpace) ? kNoBreakSpace.size() : 1;
 }
 
 bool IsInvisible(std::string_view character) {
-  return character.size() == 1
-             ? std::ranges::find(kInvisible, character.front()) != kInvisible.end()
-             : character == kByteOrderMark;
+  if (character.size() == 1) return kInvisible.find(character) != std::string_view::npos;
+  return character == kByteOrderMark || character == kZeroWidthSpace ||
+         (character == kNoBreakSpace && !IsLeadByte(character.front()));
 }
 
 /// Calls `visit` with the place and the size of every character that can be seen, or of every
@@ -98,6 +104,12 @@ std::string WithoutInvisible(std::string_view text) {
   return visible;
 }
 
+std::size_t CountOfInvisible(std::string_view text) {
+  std::size_t count = 0;
+  ForEachCharacter(text, false, [&](std::size_t, std::size_t) { ++count; });
+  return count;
+}
+
 std::string NameOfInvisible(std::string_view text) {
   std::string invisible;
   ForEachCharacter(text, false,
@@ -115,7 +127,7 @@ std::string Cleaned(std::string_view value) {
   while (!value.empty() && (value.front() == '=' || value.front() == ':')) {
     value = TrimmedOfInvisible(value.substr(1));
   }
-  for (const std::string_view opening : {";", "#", "//", "!", "(", "/*", "--"}) {
+  for (const std::string_view opening : {"<!--", ";", "#", "//", "!", "(", "/*", "--"}) {
     const std::size_t at = value.find(opening, 1);
     if (at != std::string_view::npos) value = TrimmedOfInvisible(value.substr(0, at));
   }

@@ -58,6 +58,9 @@ std::string Cleaned(std::string_view value);
 std::string_view TrimmedOfInvisible(std::string_view text);
 std::string WithoutInvisible(std::string_view text);
 
+/// The invisible characters in `text`.
+std::size_t CountOfInvisible(std::string_view text);
+
 /// What is invisible in `text`: "blank", "tab" or "invisible character"; blanks beside tabs do not
 /// count.
 std::string NameOfInvisible(std::string_view text);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -15,6 +16,38 @@ constexpr std::size_t kLongestShownKey = 64;
 bool IsComment(std::string_view text) {
   text = TrimmedOfInvisible(text);
   return text.empty() || std::string_view(";#/!'*-").find(text.front()) != std::string_view::npos;
+}
+
+bool IsWordCharacter(char c) {
+  const char lower = AsciiLower(c);
+  return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+bool OpensAComment(std::string_view text) {
+  constexpr std::string_view kMarks[] = {";", "#", "/", "!", "'", "--", "<!--"};
+  return std::ranges::any_of(kMarks, [&](std::string_view mark) { return text.starts_with(mark); });
+}
+
+/// What stands behind `key` when it is the first word of `text`, after other characters or none.
+std::optional<std::string_view> BehindFirstWord(std::string_view text, std::string_view key) {
+  const auto first = std::ranges::find_if(text, IsWordCharacter);
+  text.remove_prefix(static_cast<std::size_t>(first - text.begin()));
+  if (!text.starts_with(key)) return std::nullopt;
+  text.remove_prefix(key.size());
+  if (!text.empty() && IsWordCharacter(text.front())) return std::nullopt;
+  return text;
+}
+
+/// The number in what stands behind a key: ` = 0`, `": 0,`, `>0</IDTaskMode>`, ` value="0"/>`;
+/// empty when other words are there before it.
+std::string_view NumberBehind(std::string_view text) {
+  if (const auto behind = BehindFirstWord(text, "value")) text = *behind;
+  const auto first = std::ranges::find_if(text, IsWordCharacter);
+  const auto end = std::find_if_not(first, text.end(), IsWordCharacter);
+  const bool isPart = (end != text.end() && *end == '.') ||
+                      (first != text.begin() && (first[-1] == '-' || first[-1] == '.'));
+  const std::string_view number(first, end);
+  return IsPlainNumber(number) && !isPart ? number : std::string_view();
 }
 
 const CmxKey* FindInAnyCase(const CmxSection& section, std::string_view name) {
@@ -65,6 +98,7 @@ class KeyRules {
       return reading_.Find(key) == nullptr && !IsKeyTold(found_, key);
     };
     const auto add = [&](std::string_view key, bool grave, const std::string& consequence) {
+      if (AddUnread(key, grave, consequence)) return;
       const CmxLine& opening = *reading_.openings.back();
       found_.push_back(Diagnostic("cmx-key-missing",
                                   std::string(Section().name) + " holds no " + std::string(key))
@@ -172,9 +206,24 @@ class KeyRules {
           *key, setting, setting.value);
     } else if (setting.hasEquals && setting.key.size() <= kLongestShownKey &&
                !IsStrayEntry(setting)) {
-      found_.push_back(Diagnostic("cmx-unknown-key", written + " is no key of " + section)
-                           .At(KeyRange(facts_.File(), setting), setting.line->whole));
+      const std::string_view needed = MissingNumber();
+      if (!needed.empty() && BehindFirstWord(setting.line->text, needed)) return;
+      Diagnostic diagnostic("cmx-unknown-key", written + " is no key of " + section);
+      if (!needed.empty()) {
+        diagnostic.Help("the line may be meant for " + std::string(needed) + ", which is missing");
+      }
+      found_.push_back(
+          std::move(diagnostic).At(KeyRange(facts_.File(), setting), setting.line->whole));
     }
+  }
+
+  /// The key that the section has to hold, when nothing yet tells why it does not; else empty.
+  [[nodiscard]] std::string_view MissingNumber() const {
+    std::string_view key;
+    if (&Section() == &kTaskManagerSection) key = "IDTaskMode";
+    if (&Section() == &kRemoteMachinesSection) key = "ValueNoMachine";
+    if (&Section() == &kSolidCoolSection) key = "Flag3DSolidCoolingChannel";
+    return reading_.Find(key) == nullptr && !explained_.contains(key) ? key : "";
   }
 
   /// The run turns out differently because the line does not stand in `other`.
@@ -196,9 +245,15 @@ class KeyRules {
     return isThere ? closing : std::string();
   }
 
-  /// A line of a block that is over or was never opened: the block's own rules speak of it.
+  /// A line of a block that is over or was never opened: the block's own rules speak of it, or
+  /// those of a key that stands in another section.
   [[nodiscard]] bool IsStrayEntry(const SettingLine& setting) const {
-    return &Section() == &kRemoteMachinesSection &&
+    const bool holdsBlocks =
+        &Section() == &kRemoteMachinesSection ||
+        std::ranges::any_of(reading_.settings, [](const SettingLine& line) {
+          return line.key == "ValueMachineSetting" || line.key == "ValueMachineWeighting";
+        });
+    return holdsBlocks &&
            (IsPlainNumber(setting.key) || setting.value.find('\t') != std::string_view::npos);
   }
 
@@ -280,6 +335,34 @@ class KeyRules {
         break;
       }
     }
+  }
+
+  /// Tells of a missing number that stands in a line which the readers take for something else.
+  bool AddUnread(std::string_view key, bool grave, const std::string& consequence) {
+    for (const SettingLine& setting : reading_.settings) {
+      const std::string_view text = setting.line->text;
+      const std::optional<std::string_view> behind = BehindFirstWord(text, key);
+      if (setting.role != LineRole::Setting || setting.known != nullptr || !behind) continue;
+      const std::string name(key);
+      Diagnostic diagnostic("cmx-key-missing",
+                            name +
+                                (OpensAComment(TrimmedOfInvisible(text)) ? " stands in a comment"
+                                                                         : " stands in a line") +
+                                " that nothing reads");
+      const std::string_view number = NumberBehind(*behind);
+      const std::string right = name + " = " + std::string(number);
+      if (number.empty()) {
+        diagnostic.Help("the line is written " + name + " = NUMBER");
+      } else {
+        diagnostic.Suggest(right, "the line is written " + right);
+      }
+      found_.push_back(std::move(diagnostic)
+                           .Grave(grave)
+                           .Because(consequence)
+                           .At(LineRange(facts_.File(), *setting.line), setting.line->whole));
+      return true;
+    }
+    return false;
   }
 
   const CmxFacts& facts_;

@@ -83,6 +83,18 @@ class MachineRules {
                                                    : "ValueMachineWeighting");
   }
 
+  /// The line that opens a block which has all its lines already; null for none.
+  [[nodiscard]] const SettingLine* SecondOpener(LineRole role) const {
+    const CmxKey* key = Opener(role)->known;
+    const SettingLine* first = nullptr;
+    for (const SettingLine& setting : reading_.settings) {
+      const bool opens = setting.role == LineRole::Setting && setting.known == key;
+      if (opens && first != nullptr && setting.line != first->line) return &setting;
+      if (opens) first = &setting;
+    }
+    return nullptr;
+  }
+
   [[nodiscard]] std::vector<const SettingLine*> EntriesOf(LineRole role) const {
     std::vector<const SettingLine*> entries;
     for (const SettingLine& setting : reading_.settings) {
@@ -149,10 +161,14 @@ class MachineRules {
     if (isRemark || setting.known != nullptr || IsTagLike(facts_, *setting.line)) {
       return false;
     }
-    if (!setting.hasEquals) {
-      return role == LineRole::Machine && setting.line->text.find('\t') != std::string_view::npos;
-    }
-    return true;
+    if (setting.hasEquals) return true;
+    if (role == LineRole::Machine) return text.find('\t') != std::string_view::npos;
+    return setting.role == role && IsDecimal(LastField(text));
+  }
+
+  /// What stands behind the last tab or blank: the weighting of a line without =.
+  static std::string_view LastField(std::string_view text) {
+    return text.substr(text.find_last_of(" \t") + 1);
   }
 
   /// True when the block takes exactly the lines that are meant for it.
@@ -175,6 +191,10 @@ class MachineRules {
       return false;
     }
     const std::vector<const SettingLine*> entries = EntriesOf(role);
+    if (const SettingLine* second = SecondOpener(role)) {
+      AddSecondBlock(*second, role, entries);
+      return false;
+    }
     for (const SettingLine* entry : entries) {
       if (LooksLikeEntry(*entry, role)) continue;
       const std::string text(TrimmedOfInvisible(entry->line->text));
@@ -198,6 +218,23 @@ class MachineRules {
       return false;
     }
     return CheckRest(role, entries);
+  }
+
+  /// A block that is opened again takes every later line and stores none.
+  void AddSecondBlock(const SettingLine& opener, LineRole role,
+                      const std::vector<const SettingLine*>& entries) {
+    bool losesText = false;
+    for (std::size_t i = static_cast<std::size_t>(count_); i < entries.size(); ++i) {
+      const SettingLine& entry = *entries[i];
+      const std::string_view first = entries[i % static_cast<std::size_t>(count_)]->value;
+      const bool differs = entry.value != first && !IsTagLike(facts_, *entry.line);
+      losesText = losesText || entry.known != nullptr || (role == LineRole::Machine && differs);
+    }
+    found_.push_back(
+        Diagnostic("cmx-key-twice", std::string(opener.key) + " opens its block again")
+            .Grave(losesText)
+            .Because("the launcher would keep the first block and drop the lines after this one")
+            .At(LineRange(facts_.File(), *opener.line), opener.line->whole));
   }
 
   /// A block that takes the line which would have opened the other one.
@@ -331,6 +368,11 @@ class MachineRules {
     bool areNumbers = true;
     for (const SettingLine* entry : entries) {
       if (!LooksLikeEntry(*entry, LineRole::Weighting)) return;
+      if (!entry->hasEquals) {
+        AddWeightingWithoutEquals(*entry);
+        areNumbers = false;
+        continue;
+      }
       std::string value(entry->value.substr(0, entry->value.find(' ')));
       // Tabs around a number do no harm.
       value.erase(0, std::min(value.find_first_not_of('\t'), value.size()));
@@ -344,6 +386,15 @@ class MachineRules {
     if (entries.empty() || entries.size() != static_cast<std::size_t>(count_)) return;
     if (std::abs(sum - 1) <= rounding) return;
     Add(Diagnostic("weighting-sum", "the weightings add up to " + Decimal(sum)), *entries.back());
+  }
+
+  void AddWeightingWithoutEquals(const SettingLine& entry) {
+    const std::string right = std::to_string(entry.entry + 1) + " = " +
+                              std::string(LastField(TrimmedOfInvisible(entry.line->text)));
+    found_.push_back(Diagnostic("weighting-value", "no = stands before the weighting")
+                         .Because("the launcher would read it as 0")
+                         .Suggest(right, "the line is written " + right)
+                         .At(LineRange(facts_.File(), *entry.line), entry.line->whole));
   }
 
   /// False for one that is no number above 0.

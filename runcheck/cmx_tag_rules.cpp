@@ -53,10 +53,10 @@ std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
   }
   std::string name(written);
   const std::size_t slash = name.find_first_of("/\\");
-  const bool isSlashFirst = slash < name.find_first_not_of("<[/\\ \t");
+  const bool isSlashFirst = slash < name.find_first_not_of("<[({/\\ \t");
   const bool isMarked = name.find_first_of("<>[]") != std::string::npos;
   std::erase_if(name, [](char c) {
-    constexpr std::string_view kMarks = "<>[]/\\ \t:;.";
+    constexpr std::string_view kMarks = "<>[](){}/\\ \t:;.";
     return std::ranges::find(kMarks, c) != kMarks.end();
   });
   for (const SectionReading& reading : facts.Readings()) {
@@ -132,6 +132,18 @@ void CheckMissing(const CmxFacts& facts, const SectionReading& reading, Diagnost
   }
 }
 
+/// The first of two closing tags that stand alone: the opening tag with a slash too many.
+const CmxLine* ClosingForOpening(const CmxFacts& facts, const SectionReading& reading) {
+  if (!reading.openings.empty() || !IsNeeded(facts, *reading.section)) return nullptr;
+  const CmxLine* first = nullptr;
+  for (const CmxLine& line : facts.Lines()) {
+    if (!IsClosingTag(*reading.section, line.text)) continue;
+    if (first != nullptr) return first;
+    first = &line;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 bool IsTagLike(const CmxFacts& facts, const CmxLine& line) {
@@ -158,7 +170,12 @@ void CheckTags(const CmxFacts& facts, Diagnostics& found) {
   };
   for (const SectionReading& reading : facts.Readings()) {
     CheckReading(facts, reading, isNear(reading, true), found);
-    if (!isNear(reading, false)) CheckMissing(facts, reading, found);
+    if (isNear(reading, false)) continue;
+    if (const CmxLine* line = ClosingForOpening(facts, reading)) {
+      found.push_back(NearTagDiagnostic(facts, {&reading, false, false, line->text}, *line));
+    } else {
+      CheckMissing(facts, reading, found);
+    }
   }
 }
 

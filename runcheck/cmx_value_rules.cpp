@@ -146,9 +146,10 @@ class ValueRules {
     if (value.empty()) return false;
     const std::string_view visible = TrimmedOfInvisible(value);
     if (visible.data() != value.data()) {
-      Add(Wrong("cmx-leading-tab", WithArticle(NameOfInvisible(value.substr(0, 1))) +
-                                       " stands before " + Cleaned(value)),
-          start, start + 1);
+      const auto before = value.substr(0, static_cast<std::size_t>(visible.data() - value.data()));
+      Add(Wrong("cmx-leading-tab",
+                WithArticle(NameOfInvisible(before)) + " stands before " + Cleaned(value)),
+          start, start + before.size());
     } else if (value.front() == '=' || value.front() == ':') {
       Add(Wrong("cmx-separator", "two separators stand between " + Name() + " and its value"),
           start, start + 1);
@@ -159,7 +160,7 @@ class ValueRules {
           start + value.size());
     } else if (visible.size() < value.size()) {
       const std::size_t length = visible.size();
-      const std::size_t blanks = value.size() - length;
+      const std::size_t blanks = CountOfInvisible(value.substr(length));
       Add(Wrong("cmx-trailing-blank", Counted(blanks, NameOfInvisible(value.substr(length))) +
                                           (blanks == 1 ? " stands" : " stand") +
                                           " behind the value of " + Name()),
@@ -178,7 +179,7 @@ class ValueRules {
       const std::string_view rest = value.substr(i);
       const bool opens =
           rest.starts_with(';') || rest.starts_with('#') || rest.starts_with("//") ||
-          rest.starts_with("--") ||
+          rest.starts_with("--") || rest.starts_with("<!--") ||
           (!isText && (rest.starts_with('!') || rest.starts_with('(') || rest.starts_with("/*")));
       if (opens && (!isText || IsSpaceOrTab(value[i - 1]))) return i;
     }

@@ -17,6 +17,14 @@ std::string Utf16(const std::string& text) {
   return wide;
 }
 
+std::string Utf32(const std::string& text, bool bigEndian) {
+  std::string wide;
+  for (const char character : text) {
+    wide += bigEndian ? "\0\0\0"s + character : character + "\0\0\0"s;
+  }
+  return wide;
+}
+
 TEST(CmxBytes, AByteOrderMarkHidesTheFirstTag) {
   EXPECT_EQ(
       Found(Local("<TASKMANAGER>", "\357\273\277<TASKMANAGER>")),
@@ -50,6 +58,15 @@ TEST(CmxBytes, Utf16WithoutAMarkIsNotRead) {
             "error: the file is UTF-16: the launcher would read nothing of it and run distributed "
             "[cmx-utf-16]\n"
             "    help: the file is saved in the ANSI code page\n");
+}
+
+TEST(CmxBytes, Utf32IsNotRead) {
+  const std::string told =
+      "error cmx-utf-16: the file is UTF-32: the launcher would read nothing of it and run "
+      "distributed\n"
+      "  the file is saved in the ANSI code page\n";
+  EXPECT_EQ(FoundInShort("\377\376\0\0"s + Utf32(Local(), false)), told);
+  EXPECT_EQ(FoundInShort("\0\0\376\377"s + Utf32(Local(), true)), told);
 }
 
 TEST(CmxBytes, LettersBeyondAsciiAreNoUtf16) {
@@ -98,6 +115,21 @@ TEST(CmxBytes, DoubledCarriageReturnsHideTheTags) {
             "      |              ^ help: a line ends in one carriage return and one line feed\n");
 }
 
+TEST(CmxBytes, CarriageReturnsBehindTheLineFeedsHideTheTags) {
+  const std::string told =
+      "error cmx-line-ends: the lines end in a line feed before a carriage return: the launcher "
+      "would not recognise tags and values\n"
+      "  a line ends in one carriage return and one line feed\n";
+  EXPECT_EQ(FoundInShort(Local("\n", "\n\r")), told);
+  const std::string file = Distributed("\n", "\n\r");
+  EXPECT_EQ(FoundInShort(file.substr(0, file.size() - 1)), told);
+}
+
+TEST(CmxBytes, EmptyLinesWithCarriageReturnsAreInOrder) {
+  EXPECT_EQ(Found("\r\n\r\n" + Local("\n", "\r\n\r\n")), "");
+  EXPECT_EQ(Found("\n\r\n" + Local("\n", "\r\n")), "");
+}
+
 TEST(CmxBytes, OneCarriageReturnIsInOrder) { EXPECT_EQ(Found(Local("\n", "\r\n")), ""); }
 
 TEST(CmxBytes, ALongLineOfASectionIsCutInPieces) {
@@ -122,7 +154,8 @@ TEST(CmxBytes, ALongLineElsewhereIsInOrder) {
 
 TEST(CmxBytes, LastLettersOfOtherCodePagesAreVisible) {
   // The last byte of Greek and Russian names is one of a byte-order mark.
-  for (const char* name : {"\xC5\xF1\xE3\xEF", "\xD2\xE8\xEF", "C:\\\xC4\xBF", "C:\\x\xBB"}) {
+  for (const char* name : {"\xC5\xF1\xE3\xEF", "\xD2\xE8\xEF", "C:\\\xC4\xBF", "C:\\x\xBB",
+                           "\xCF\xC2", "\xC5\xE2\x80", "\x80\x8B"}) {
     EXPECT_EQ(TrimmedOfInvisible(name), name);
   }
 }

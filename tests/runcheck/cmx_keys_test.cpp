@@ -180,6 +180,24 @@ TEST(CmxKeys, AnotherStorageNodeThanTheLocalHostIsMissed) {
             "  a key of this section is written ValueStorageNode (ValueStorageNode)\n");
 }
 
+TEST(CmxKeys, MachinesInTheTaskManagerAreNoUnknownKeys) {
+  const auto told = [](const char* place, const char* key) {
+    return "warning cmx-key-section " + std::string(place) + ": " + key +
+           " is a key of REMOTE_MACHINES, not of TASKMANAGER: the launcher would ignore the line\n"
+           "  move it into REMOTE_MACHINES (REMOTE_MACHINES)\n";
+  };
+  EXPECT_EQ(FoundInShort(Local("</TASKMANAGER>\n",
+                               std::string(kMachineBlock) + kWeightingBlock + "</TASKMANAGER>\n")),
+            told("5:1", "ValueMachineSetting") + told("8:1", "ValueMachineWeighting"));
+}
+
+TEST(CmxKeys, NumbersWithoutABlockAreUnknownKeys) {
+  EXPECT_EQ(FoundInShort(Local("</TASKMANAGER>\n", "1 = NODE1\t2\n</TASKMANAGER>\n")),
+            "note cmx-unknown-key 5:1: 1 is no key of TASKMANAGER: the launcher would ignore the "
+            "line\n"
+            "  leave the line out\n");
+}
+
 TEST(CmxKeys, AKeyOutsideItsSectionIsIgnored) {
   EXPECT_EQ(Found("IDTaskMode = 0\n" + Local("IDTaskMode = 0\n", "")),
             "Sample03.cmx:1:1: error: IDTaskMode stands outside TASKMANAGER: the launcher would "
@@ -231,6 +249,71 @@ TEST(CmxKeys, AMissingTaskModeMeansDistributed) {
             "distributed [cmx-key-missing]\n"
             "    1 | <TASKMANAGER>\n"
             "      | ^~~~~~~~~~~~~ help: the key is written into its section\n");
+}
+
+TEST(CmxKeys, AMissingTaskModeInALineThatNothingReads) {
+  for (const char* line : {"\"IDTaskMode\": 0,", "<IDTaskMode>0</IDTaskMode>",
+                           "<IDTaskMode value=\"0\"/>", "- IDTaskMode = 0", "* IDTaskMode 0"}) {
+    EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", line)),
+              "error cmx-key-missing 2:1: IDTaskMode stands in a line that nothing reads: the run "
+              "would be distributed\n"
+              "  the line is written IDTaskMode = 0 (IDTaskMode = 0)\n")
+        << line;
+  }
+}
+
+TEST(CmxKeys, AMissingTaskModeInAComment) {
+  for (const char* line : {"#IDTaskMode = 0", "// IDTaskMode = 0", ";IDTaskMode = 0",
+                           "' IDTaskMode=0", "<!-- IDTaskMode: 0 -->"}) {
+    EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", line)),
+              "error cmx-key-missing 2:1: IDTaskMode stands in a comment that nothing reads: the "
+              "run would be distributed\n"
+              "  the line is written IDTaskMode = 0 (IDTaskMode = 0)\n")
+        << line;
+  }
+}
+
+TEST(CmxKeys, AMissingTaskModeInACommentWithoutItsNumber) {
+  for (const char* line : {"# IDTaskMode", "# IDTaskMode is not 1", "# IDTaskMode: -1",
+                           "# IDTaskMode of version 2.1", "# IDTaskMode 0.5"}) {
+    EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", line)),
+              "error cmx-key-missing 2:1: IDTaskMode stands in a comment that nothing reads: the "
+              "run would be distributed\n"
+              "  the line is written IDTaskMode = NUMBER\n")
+        << line;
+  }
+}
+
+TEST(CmxKeys, ATaskModeMissingBesideOtherWords) {
+  for (const char* line : {"# the IDTaskMode is 0", "# IDTaskModes = 0", "# old_IDTaskMode = 0"}) {
+    EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", line)),
+              "error cmx-key-missing 1:1: TASKMANAGER holds no IDTaskMode: the run would be "
+              "distributed\n"
+              "  the key is written into its section\n")
+        << line;
+  }
+}
+
+TEST(CmxKeys, ACommentOfATaskModeIsInOrder) {
+  EXPECT_EQ(Found(Local("IDTaskMode = 0", "# IDTaskMode = 1\nIDTaskMode = 0\n; IDTaskMode: 0")),
+            "");
+}
+
+TEST(CmxKeys, AnUnknownKeyThatMayBeAMissingOne) {
+  EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", "ValueTaskMode = 0")),
+            "error cmx-key-missing 1:1: TASKMANAGER holds no IDTaskMode: the run would be "
+            "distributed\n"
+            "  the key is written into its section\n"
+            "note cmx-unknown-key 2:1: ValueTaskMode is no key of TASKMANAGER: the launcher would "
+            "ignore the line\n"
+            "  the line may be meant for IDTaskMode, which is missing\n");
+}
+
+TEST(CmxKeys, AMissingMachineCountInAComment) {
+  EXPECT_EQ(FoundInShort(Distributed("ValueNoMachine = 2", "; ValueNoMachine = 2")),
+            "error cmx-key-missing 5:1: ValueNoMachine stands in a comment that nothing reads: the "
+            "run would be distributed over no machine\n"
+            "  the line is written ValueNoMachine = 2 (ValueNoMachine = 2)\n");
 }
 
 TEST(CmxKeys, AMissingLocalTaskCountMeansSharedMemory) {

@@ -47,6 +47,33 @@ TEST(CmxMachines, FewerMachinesThanCounted) {
             "each of the two blocks, which follow one another without a gap\n");
 }
 
+TEST(CmxMachines, ASecondMachineBlock) {
+  const auto told = [](const char* place) {
+    return std::string(place) +
+           ": ValueMachineSetting opens its block again: the launcher would keep the first block "
+           "and drop the lines after this one\n"
+           "  it stands once\n";
+  };
+  const std::string other = Changed(kMachineBlock, "NODE2", "NODE3");
+  EXPECT_EQ(FoundInShort(Distributed("</REMOTE_MACHINES>", other + "</REMOTE_MACHINES>")),
+            told("error cmx-key-twice 15:1"));
+  EXPECT_EQ(FoundInShort(Distributed("</REMOTE_MACHINES>",
+                                     std::string(kMachineBlock) + "</REMOTE_MACHINES>")),
+            told("warning cmx-key-twice 15:1"));
+  EXPECT_EQ(
+      FoundInShort(Distributed(kWeightingBlock, std::string(kMachineBlock) + kWeightingBlock)),
+      told("error cmx-key-twice 12:1"));
+}
+
+TEST(CmxMachines, ASecondWeightingBlock) {
+  EXPECT_EQ(FoundInShort(Distributed(
+                "</REMOTE_MACHINES>",
+                "ValueMachineWeighting = weight\n1 = 0.5\n2 = 0.5\n</REMOTE_MACHINES>")),
+            "warning cmx-key-twice 15:1: ValueMachineWeighting opens its block again: the launcher "
+            "would keep the first block and drop the lines after this one\n"
+            "  it stands once\n");
+}
+
 TEST(CmxMachines, AnEmptyLineInTheMachineBlock) {
   EXPECT_EQ(Found(Distributed("1 = NODE1\t2", "1 = NODE1\t2\n")),
             "Sample03.cmx:11:1: error: an empty line is taken as machine 2 of 2: the run would go "

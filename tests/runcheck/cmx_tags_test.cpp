@@ -73,6 +73,38 @@ TEST(CmxTags, SquareBracketsOpenNothing) {
             "      | ^~~~~~~~~~~~~ help: the tag is written <TASKMANAGER>, alone on its line\n");
 }
 
+TEST(CmxTags, OtherBracketsOpenNothing) {
+  for (const char* tag : {"(TASKMANAGER)", "{TASKMANAGER}"}) {
+    EXPECT_EQ(FoundInShort(Local("<TASKMANAGER>", tag)),
+              std::string("error cmx-tag 1:1: ") + tag +
+                  " is not the tag <TASKMANAGER>: the launcher would see no such section and run "
+                  "distributed\n"
+                  "  the tag is written <TASKMANAGER>, alone on its line (<TASKMANAGER>)\n");
+  }
+}
+
+TEST(CmxTags, AClosingTagForTheOpeningOne) {
+  EXPECT_EQ(FoundInShort(Local("<TASKMANAGER>", "</TASKMANAGER>")),
+            "error cmx-tag 1:1: </TASKMANAGER> is not the tag <TASKMANAGER>: the launcher would "
+            "see no such section and run distributed\n"
+            "  the tag is written <TASKMANAGER>, alone on its line (<TASKMANAGER>)\n");
+  EXPECT_EQ(FoundInShort(Distributed("<REMOTE_MACHINES>", "</REMOTE_MACHINES>")),
+            "error cmx-tag 4:1: </REMOTE_MACHINES> is not the tag <REMOTE_MACHINES>: the launcher "
+            "would see no such section\n"
+            "  the tag is written <REMOTE_MACHINES>, alone on its line (<REMOTE_MACHINES>)\n");
+}
+
+TEST(CmxTags, AClosingTagAloneIsNoOpeningOne) {
+  EXPECT_EQ(FoundInShort("</TASKMANAGER>\n"),
+            "error cmx-section-missing: Sample03.cmx holds no <TASKMANAGER>: the run would be "
+            "distributed\n"
+            "  the section is written into the CMX file\n");
+}
+
+TEST(CmxTags, ASecondClosingTagIsInOrder) {
+  EXPECT_EQ(Found(Local() + "</TASKMANAGER>\n</SOLID_MCM>\n</SOLID_MCM>\n"), "");
+}
+
 TEST(CmxTags, AttributesInATag) {
   EXPECT_EQ(Found(Local("<TASKMANAGER>", "<TASKMANAGER version=\"1\">")),
             "Sample03.cmx:1:1: error: <TASKMANAGER version=\"1\"> is not the tag <TASKMANAGER>: "

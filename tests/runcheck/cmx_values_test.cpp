@@ -28,6 +28,28 @@ TEST(CmxValues, ANoBreakSpaceBehindAValue) {
             "      |               ^ help: the value is written 0\n");
 }
 
+TEST(CmxValues, InvisibleCharactersOfUtf8BehindAValue) {
+  const auto told = [](const char* what) {
+    return std::string("error cmx-trailing-blank 2:15: ") + what +
+           " behind the value of IDTaskMode: the value is not 0 and the run would be distributed\n"
+           "  the value is written 0 (0)\n";
+  };
+  EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", "IDTaskMode = 0\302\240")),
+            told("1 invisible character stands"));
+  EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", "IDTaskMode = 0\342\200\213\302\240")),
+            told("2 invisible characters stand"));
+}
+
+TEST(CmxValues, InvisibleCharactersOfUtf8BeforeAValue) {
+  for (const char* character : {"\302\240", "\342\200\213", "\357\273\277"}) {
+    EXPECT_EQ(
+        FoundInShort(Local("IDTaskMode = 0", std::string("IDTaskMode = ") + character + "0")),
+        "error cmx-leading-tab 2:14: an invisible character stands before 0: the value is not 0 "
+        "and the run would be distributed\n"
+        "  the value is written 0 (0)\n");
+  }
+}
+
 TEST(CmxValues, ATabBehindTheLocalTaskCount) {
   EXPECT_EQ(Found(Local("ValueLocalNoTask = 1", "ValueLocalNoTask = 1\t")),
             "Sample03.cmx:4:21: warning: 1 tab stands behind the value of ValueLocalNoTask "
@@ -67,6 +89,13 @@ TEST(CmxValues, ACommentBehindAValue) {
             "is not 0 and the run would be distributed [cmx-comment]\n"
             "    2 | IDTaskMode = 0 ; local\n"
             "      |                ^~~~~~~ help: the value is written 0\n");
+}
+
+TEST(CmxValues, AnXmlCommentBehindAValue) {
+  EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", "IDTaskMode = 0 <!-- local -->")),
+            "error cmx-comment 2:16: a comment stands behind the value of IDTaskMode: the value is "
+            "not 0 and the run would be distributed\n"
+            "  the value is written 0 (0)\n");
 }
 
 TEST(CmxValues, ASemicolonWithinAPathIsInOrder) {
@@ -224,8 +253,7 @@ TEST(CmxValues, LettersOfAnotherCaseInAValueAreInOrder) {
 }
 
 TEST(CmxValues, AModeOfZeroWithMoreBehindItIsMeantLocally) {
-  for (const char* mode :
-       {"0 local", "0/1", "0 = local", "0, ValueNoTask = 1", "{0}", "\302\2400"}) {
+  for (const char* mode : {"0 local", "0/1", "0 = local", "0, ValueNoTask = 1", "{0}"}) {
     EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", std::string("IDTaskMode = ") + mode)),
               std::string("error cmx-mode 2:14: IDTaskMode is ") + mode +
                   ", neither 0 nor 1: the value is not 0 and the run would be distributed\n"

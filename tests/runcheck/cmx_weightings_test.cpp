@@ -52,6 +52,24 @@ TEST(CmxWeightings, AMissingWeightingBlockBesideAMachineBlockWithAnEqualsSign) {
             "      |                  ^ help: the line ValueMachineWeighting opens the block\n");
 }
 
+TEST(CmxWeightings, WeightingsWithoutAnEqualsSign) {
+  for (const char* lines :
+       {"0.6\n0.4\n", "NODE1\t0.6\nNODE2\t0.4\n", "1 0.6\n2 0.4\n", "0.6 \n\t0.4\n"}) {
+    EXPECT_EQ(FoundInShort(Distributed("1 = 0.6\n2 = 0.4\n", lines)),
+              "warning weighting-value 13:1: no = stands before the weighting: the launcher would "
+              "read it as 0\n"
+              "  the line is written 1 = 0.6 (1 = 0.6)\n"
+              "warning weighting-value 14:1: no = stands before the weighting: the launcher would "
+              "read it as 0\n"
+              "  the line is written 2 = 0.4 (2 = 0.4)\n")
+        << lines;
+  }
+}
+
+TEST(CmxWeightings, ANumberAfterTheWeightingsIsInOrder) {
+  EXPECT_EQ(FoundInShort(Distributed("2 = 0.4\n", "2 = 0.4\n3\n0.1\n")), "");
+}
+
 TEST(CmxWeightings, ADecimalComma) {
   EXPECT_EQ(Found(Distributed("1 = 0.6", "1 = 0,6")),
             "Sample03.cmx:13:5: warning: 0,6 is no weighting: the launcher would read it as 0 "
