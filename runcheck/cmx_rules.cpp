@@ -19,6 +19,7 @@ Diagnostics CheckCmxFile(const CmxFacts& facts) {
   }
   CheckTags(facts, found);
   CheckKeys(facts, found);
+  CheckMissingKeys(facts, found);
   CheckValues(facts, found);
   CheckMachineBlocks(facts, found);
   SortByPlace(found);

@@ -2,6 +2,9 @@
 // ends the launcher at one place does not hide what is wrong at another.
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "runcheck/cmx_facts.h"
 #include "runcheck/diagnostic.h"
 
@@ -20,13 +23,18 @@ void CheckTags(const CmxFacts& facts, Diagnostics& found);
 /// True for a line that is a section's tag, or was meant to be one.
 bool IsTagLike(const CmxFacts& facts, const CmxLine& line);
 
-/// Keys: unknown, misspelt, elsewhere, twice, missing.
+/// Keys: unknown, misspelt, elsewhere, twice.
 void CheckKeys(const CmxFacts& facts, Diagnostics& found);
 /// What a misspelt or shortened key was meant to be; null for none.
 const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name);
 
 /// True when a finding about the lines speaks of `key`, by name or as what was meant.
 bool IsKeyTold(const Diagnostics& found, std::string_view key);
+
+/// Keys that are needed and of which nothing found so far speaks.
+void CheckMissingKeys(const CmxFacts& facts, Diagnostics& found);
+/// What stands behind `key` when it is the first word of `text`, after other characters or none.
+std::optional<std::string_view> BehindFirstWord(std::string_view text, std::string_view key);
 
 /// Values: blanks, comments and quotation marks around them, numbers that are none.
 void CheckValues(const CmxFacts& facts, Diagnostics& found);

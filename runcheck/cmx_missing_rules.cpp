@@ -1,0 +1,125 @@
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "runcheck/cmx_rules.h"
+#include "runcheck/similar_name.h"
+
+namespace qvx::runcheck {
+namespace {
+
+bool IsWordCharacter(char c) {
+  const char lower = AsciiLower(c);
+  return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+bool OpensAComment(std::string_view text) {
+  constexpr std::string_view kMarks[] = {";", "#", "/", "!", "'", "--", "<!--"};
+  return std::ranges::any_of(kMarks, [&](std::string_view mark) { return text.starts_with(mark); });
+}
+
+/// The number in what stands behind a key: ` = 0`, `": 0,`, `>0</IDTaskMode>`, ` value="0"/>`;
+/// empty when other words are there before it.
+std::string_view NumberBehind(std::string_view text) {
+  if (const auto behind = BehindFirstWord(text, "value")) text = *behind;
+  const auto first = std::ranges::find_if(text, IsWordCharacter);
+  const auto end = std::find_if_not(first, text.end(), IsWordCharacter);
+  const bool isPart = (end != text.end() && *end == '.') ||
+                      (first != text.begin() && (first[-1] == '-' || first[-1] == '.'));
+  const std::string_view number(first, end);
+  return IsPlainNumber(number) && !isPart ? number : std::string_view();
+}
+
+/// Looks for the keys that one section has to hold.
+class MissingRules {
+ public:
+  MissingRules(const CmxFacts& facts, const SectionReading& reading, Diagnostics& found)
+      : facts_(facts), reading_(reading), found_(found) {}
+
+  void Check() {
+    if (reading_.openings.empty()) return;
+    const auto missing = [&](std::string_view key) {
+      return reading_.Find(key) == nullptr && !IsKeyTold(found_, key);
+    };
+    const auto add = [&](std::string_view key, bool grave, const std::string& consequence) {
+      if (AddUnread(key, grave, consequence)) return;
+      const CmxLine& opening = *reading_.openings.back();
+      found_.push_back(Diagnostic("cmx-key-missing",
+                                  std::string(Section().name) + " holds no " + std::string(key))
+                           .Grave(grave)
+                           .Because(consequence)
+                           .At(LineRange(facts_.File(), opening), opening.whole));
+    };
+    if (&Section() == &kTaskManagerSection) {
+      if (missing("IDTaskMode")) add("IDTaskMode", true, "the run would be distributed");
+      if (facts_.IsSharedMemory() && missing("ValueLocalNoTask")) {
+        add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
+      }
+    } else if (&Section() == &kRemoteMachinesSection) {
+      // One after the blocks is taken into a block; the blocks' own rules speak of it.
+      const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
+        return setting.key == "ValueNoMachine";
+      });
+      if (missing("ValueNoMachine") && !isTaken) {
+        add("ValueNoMachine", true, "the run would be distributed over no machine");
+      }
+    } else if (&Section() == &kSolidCoolSection && missing("Flag3DSolidCoolingChannel")) {
+      add("Flag3DSolidCoolingChannel", false, "the flow solver would not run first");
+    }
+  }
+
+ private:
+  [[nodiscard]] const CmxSection& Section() const { return *reading_.section; }
+
+  /// Tells of a missing number that stands in a line which the readers take for something else.
+  bool AddUnread(std::string_view key, bool grave, const std::string& consequence) {
+    for (const SettingLine& setting : reading_.settings) {
+      const std::string_view text = setting.line->text;
+      const std::optional<std::string_view> behind = BehindFirstWord(text, key);
+      if (setting.role != LineRole::Setting || setting.known != nullptr || !behind) continue;
+      const std::string name(key);
+      Diagnostic diagnostic("cmx-key-missing",
+                            name +
+                                (OpensAComment(TrimmedOfInvisible(text)) ? " stands in a comment"
+                                                                         : " stands in a line") +
+                                " that nothing reads");
+      const std::string_view number = NumberBehind(*behind);
+      const std::string right = name + " = " + std::string(number);
+      if (number.empty()) {
+        diagnostic.Help("the line is written " + name + " = NUMBER");
+      } else {
+        diagnostic.Suggest(right, "the line is written " + right);
+      }
+      found_.push_back(std::move(diagnostic)
+                           .Grave(grave)
+                           .Because(consequence)
+                           .At(LineRange(facts_.File(), *setting.line), setting.line->whole));
+      return true;
+    }
+    return false;
+  }
+
+  const CmxFacts& facts_;
+  const SectionReading& reading_;
+  Diagnostics& found_;
+};
+
+}  // namespace
+
+std::optional<std::string_view> BehindFirstWord(std::string_view text, std::string_view key) {
+  const auto first = std::ranges::find_if(text, IsWordCharacter);
+  text.remove_prefix(static_cast<std::size_t>(first - text.begin()));
+  if (!text.starts_with(key)) return std::nullopt;
+  text.remove_prefix(key.size());
+  if (!text.empty() && IsWordCharacter(text.front())) return std::nullopt;
+  return text;
+}
+
+void CheckMissingKeys(const CmxFacts& facts, Diagnostics& found) {
+  for (const SectionReading& reading : facts.Readings()) {
+    if (facts.Matters(*reading.section)) MissingRules(facts, reading, found).Check();
+  }
+}
+
+}  // namespace qvx::runcheck
