@@ -48,6 +48,12 @@ bool IsBatchFile(const std::string& path) {
   return lower.ends_with(".bat") || lower.ends_with(".cmd");
 }
 
+/// With its backslash when it is a drive.
+std::string FolderAbove(const std::string& path) {
+  const std::string folder = path.substr(0, LastSeparator(path));
+  return folder.ends_with(':') ? folder + "\\" : folder;
+}
+
 void CheckHeader(Code code, const std::string& path, Diagnostics& found) {
   switch (KindOfProgram(path)) {
     case ProgramKind::NoProgram:
@@ -139,7 +145,7 @@ class ProgramRules {
       return;
     }
     if (KindOf(folder) == FileKind::File) {
-      const std::string right = folder.substr(0, LastSeparator(folder));
+      const std::string right = FolderAbove(folder);
       found_.push_back(Diagnostic("mpi-path", "IntelMPI_InstallPath is a file, " + folder)
                            .Suggest(right, "the value is the folder " + right));
       return;
@@ -174,7 +180,7 @@ class ProgramRules {
       wrong = "IntelMPI_InstallPath holds quotation marks, " + folder;
     } else if (TrimmedOfInvisible(folder) != folder) {
       wrong = "a blank stands beside IntelMPI_InstallPath, " + folder;
-    } else if (!IsAbsolutePath(folder)) {
+    } else if (!IsAbsolutePath(folder + "\\")) {  // that of a drive has lost its own
       wrong = "IntelMPI_InstallPath is relative, " + folder;
     } else {
       return true;

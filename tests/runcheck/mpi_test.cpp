@@ -2,10 +2,12 @@
 // and near misses.
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 #include <thread>
 
 #include "tests/runcheck/findings.h"
+#include "tests/support/program_path.h"
 
 namespace qvx::test {
 namespace {
@@ -37,6 +39,17 @@ class MisplacedMpiPath {
 
  private:
   HKEY key_ = nullptr;
+};
+
+/// impiexec.exe, with no folder above it.
+class ImpiexecOnTheDrive {
+ public:
+  ImpiexecOnTheDrive() { std::filesystem::copy_file(ProgramPath("samples\\impiexec.exe"), kPath); }
+  ~ImpiexecOnTheDrive() { std::filesystem::remove(kPath); }
+  ImpiexecOnTheDrive(const ImpiexecOnTheDrive&) = delete;
+  ImpiexecOnTheDrive& operator=(const ImpiexecOnTheDrive&) = delete;
+
+  static constexpr const char* kPath = "C:\\impiexec.exe";
 };
 
 TEST_F(RunCheckMpi, NoKeyForTheMpiInstallation) {
@@ -140,6 +153,26 @@ TEST_F(RunCheckMpi, AFileForAFolderInTheRegistry) {
             "    help: the value is the folder <site>\\Mpi\n"
             "\n"
             "1 error: this run would not start.\n");
+}
+
+TEST_F(RunCheckMpi, ADriveForTheMpiFolderIsInOrder) {
+  site.WriteCmx(kDmpCmx);
+  const ImpiexecOnTheDrive impiexec;
+  for (const char* path : {"C:\\", "C:"}) {
+    mpiPath.Set(path);
+    EXPECT_EQ(Findings(), kInOrder) << path;
+  }
+}
+
+TEST_F(RunCheckMpi, AFileOnADriveForAFolderInTheRegistry) {
+  site.WriteCmx(kDmpCmx);
+  const ImpiexecOnTheDrive impiexec;
+  mpiPath.Set(ImpiexecOnTheDrive::kPath);
+  EXPECT_EQ(Findings(),
+            std::string("error: IntelMPI_InstallPath is a file, C:\\impiexec.exe: the launcher "
+                        "would stop with -1 [mpi-path]\n"
+                        "    help: the value is the folder C:\\\n") +
+                kNoStart);
 }
 
 TEST_F(RunCheckMpi, AFolderWithoutImpiexecInTheRegistry) {
