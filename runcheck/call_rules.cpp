@@ -289,6 +289,15 @@ void CheckOption(const CallFacts& facts, Diagnostics& found) {
                       .Because("the launcher would read it as " + number));
 }
 
+/// "L$1*tokens" for "L*tokens$1"; empty for one that has no $ behind its tokens.
+std::string WithMarkerInFront(std::string argument) {
+  const std::size_t star = argument.find('*');
+  const std::size_t marker = argument.find('$');
+  if (star == std::string::npos || marker == std::string::npos || marker < star) return {};
+  const std::string type = argument.substr(marker, argument.find('*', marker) - marker);
+  return argument.erase(marker, type.size()).insert(star, type);
+}
+
 /// True when the run folder may bear it.
 bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
   const std::string run(TrimmedOfInvisible(facts.Token(kRunNumber)));
@@ -299,7 +308,12 @@ bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
   if (run.find('"') != std::string::npos) return false;  // has its own rule
   Diagnostic diagnostic("run-number", "the run number is " + run + ", no number");
   if (facts.isShell) {
-    diagnostic.Grave().Because("the launcher would take the folder Run" + facts.FolderNumber());
+    // The digits that it begins with decide.
+    diagnostic.Grave(!IsPlainNumber(run.substr(0, 1)))
+        .Because("the launcher would take the folder Run" + facts.FolderNumber());
+    if (const std::string right = WithMarkerInFront(facts.arguments[0]); !right.empty()) {
+      diagnostic.Suggest(right, "the first argument is written " + right);
+    }
   } else if (AsciiLower(run).starts_with("run")) {
     diagnostic.Grave()
         .Because("the launcher would look in the folder Run" + run)

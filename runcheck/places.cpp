@@ -167,6 +167,9 @@ bool CheckRunFolder(const CallFacts& call, const RunPlaces& places, Diagnostics&
     AddMissingRunFolder(call, places, found);
     return false;
   }
+  const auto told = std::ranges::find(found, "run-number", &Diagnostic::code);
+  const std::string asWritten = places.project + "\\Analysis\\Run" + call.Token(kRunNumber);
+  if (told != found.end() && call.isShell && KindOf(asWritten) == FileKind::Folder) told->Grave();
   if (kind == FileKind::File) {
     found.push_back(Diagnostic("run-folder", "the run folder " + places.runFolder + " is a file")
                         .Because(LostRun(call)));
