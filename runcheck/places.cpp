@@ -95,6 +95,7 @@ bool CheckFolder(Diagnostic diagnostic, const char* what, const std::string& fol
     suggestAbove();
   } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " holds no folder " + inside;
+    AddNeighbour(folder + "\\" + inside, diagnostic);
     AddFolderBelow(folder, inside, diagnostic);
     suggestAbove();
   } else {
