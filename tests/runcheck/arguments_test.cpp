@@ -332,10 +332,22 @@ TEST_F(RunCheckArguments, WhatIsNotExpectedIsNamedWithItsCure) {
             "error: -project is no option; it is written --project");
   EXPECT_EQ(wrong({"/run", "01"}), "error: /run is no option; it is written --run");
   EXPECT_EQ(wrong({"--Solver", kFlow}), "error: --Solver is no option; it is written --solver");
-  EXPECT_EQ(wrong({"--runs", "01"}), "error: --runs is no option");
+  EXPECT_EQ(wrong({"--moulding-type=3"}),
+            "error: --moulding-type=3 is no option; it is written --molding-type");
+  EXPECT_EQ(wrong({"--solvr", kFlow}), "error: --solvr is no option; it is written --solver");
+  EXPECT_EQ(wrong({"--folder", "01"}), "error: --folder is no option");
   EXPECT_EQ(wrong({"--project", "C:\\My", "Projects\\Sample"}),
             "error: Projects\\Sample belongs to no option; a text with blanks stands in quotation "
             "marks");
+}
+
+TEST_F(RunCheckArguments, AnOptionThatWasMeantIsSuggested) {
+  const auto suggestion = [&](const std::string& option) {
+    const std::string answer = Answer({"--json", option, "01"});
+    return answer.substr(answer.find("\"suggestion\":"));
+  };
+  EXPECT_EQ(suggestion("--Project"), "\"suggestion\": \"--project\"\n    }\n  ]\n}\n");
+  EXPECT_EQ(suggestion("--folder"), "\"suggestion\": null\n    }\n  ]\n}\n");
 }
 
 TEST_F(RunCheckArguments, ATimeoutOutsideItsLimits) {
