@@ -90,7 +90,9 @@ TEST(ParseCall, AnOptionIsFollowedByItsValue) {
     EXPECT_EQ(Wrong(texts), "--explain-status is not followed by its value");
   }
   EXPECT_EQ(Wrong({"--timeout"}), "--timeout is not followed by its value");
+  EXPECT_EQ(WrongWith({"--name="}), "--name is not followed by its value");
   EXPECT_EQ(WrongWith({"--name=--odd"}), "");
+  EXPECT_EQ(WrongWith({"--name=a="}), "");
 }
 
 }  // namespace
