@@ -47,7 +47,8 @@ std::unique_ptr<CLI::App> MakeApp(Call& call) {
 /// What the parser cannot know.
 std::string WrongCombination(const CLI::App& app, const Call& call) {
   const std::string word = GivenRunWord(app);
-  if (!call.explainStatus.empty()) {
+  if (call.explainStatus) {
+    if (call.explainStatus->empty()) return "--explain-status is not followed by its value";
     return !word.empty() || call.launcherArguments ? "--explain-status stands alone" : "";
   }
   if (call.launcherArguments) {
@@ -74,10 +75,12 @@ Call ParseCall(const std::vector<std::string>& arguments) {
   const std::unique_ptr<CLI::App> app = MakeApp(call);
   const WordsMistake mistake = ParseWords(*app, options);
   call.wrong = mistake.text;
+  call.meant = mistake.meant;
   if (mistake.unexpected.find_first_of("*$") != std::string::npos) {
     call.wrong = mistake.unexpected +
                  " stands without -- before it: what the launcher is started with "
                  "stands behind --";
+    call.meant.clear();
   }
   if (!call.wrong.empty()) return call;
   if (!call.help && !call.version) call.wrong = WrongCombination(*app, call);

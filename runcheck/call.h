@@ -15,7 +15,7 @@ struct Call {
   double timeout = 5;  ///< seconds
   bool version = false;
   bool help = false;
-  std::string explainStatus;  ///< as it was written; empty when it was not asked for
+  std::optional<std::string> explainStatus;  ///< as it was written
 
   /// What the launcher would be started with; nothing in the other form of call.
   std::optional<std::vector<std::string>> launcherArguments;
@@ -23,6 +23,7 @@ struct Call {
   RunWords words;
 
   std::string wrong;  ///< what is wrong with the call; empty when nothing is
+  std::string meant;  ///< the option that a wrong one may have been meant for
 };
 
 /// `arguments`: without the program's own name.

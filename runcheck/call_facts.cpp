@@ -93,6 +93,12 @@ std::string WithExtension(const std::string& path) {
   return LastPart(path).find('.') == std::string::npos ? path + ".exe" : path;
 }
 
+bool IsLauncherName(std::string_view argument) {
+  const std::string last = AsciiLower(LastPart(argument.substr(0, argument.find('*'))));
+  const std::string name = last.substr(0, last.find('$'));
+  return name == "qvxsolverlauncher" || name == "qvxsolverlauncher.exe";
+}
+
 bool IsAbsolutePath(std::string_view path) {
   if (path.size() >= 2 && IsSlash(path[0]) && IsSlash(path[1])) return true;
   const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };

@@ -67,6 +67,10 @@ std::string LastPart(std::string_view path);
 /// ".exe" is added by the system to a name without an extension.
 std::string WithExtension(const std::string& path);
 
+/// The launcher's own, which a first argument is: with or without a path before it, ".exe", and a
+/// molding type or tokens behind it.
+bool IsLauncherName(std::string_view argument);
+
 /// "C:\..." or "\\..."; forward slashes count too.
 bool IsAbsolutePath(std::string_view path);
 

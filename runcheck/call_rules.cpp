@@ -45,6 +45,18 @@ bool IsFirstMissing(const CallFacts& facts) {
          Stars(facts.arguments[1]) == 0;
 }
 
+/// The launcher's name stands before it once more.
+bool IsFirstTwice(const CallFacts& facts) {
+  return facts.arguments.size() > 3 && IsLauncherName(facts.arguments[1]);
+}
+
+/// The launcher's name stands where the solver does, and a solver's where the launcher does.
+bool IsReversed(const CallFacts& facts) {
+  const std::vector<std::string>& arguments = facts.arguments;
+  return arguments.size() == 3 && IsLauncherName(arguments[2]) && !IsLauncherName(arguments[0]) &&
+         Stars(arguments[0]) == 0 && FindClassRule(AsciiLower(LastPart(arguments[0]))) != nullptr;
+}
+
 /// Each token is an argument of its own.
 bool AreTokensApart(const CallFacts& facts) {
   const std::vector<std::string>& arguments = facts.arguments;
@@ -81,19 +93,33 @@ void CheckArgumentCount(const CallFacts& facts, Diagnostics& found) {
   }
 }
 
+/// A backslash before a closing quotation mark leaves one where a folder ends, and none opens it.
+bool MayLackABackslash(const std::string& argument) {
+  if (argument.starts_with('"') || argument.find("*\"") != std::string::npos) return false;
+  for (std::size_t at = 0; (at = argument.find('"', at)) != std::string::npos; ++at) {
+    const std::string before = argument.substr(0, at);
+    const bool isAtEnd =
+        at + 1 == argument.size() || argument[at + 1] == '*' || argument[at + 1] == ' ';
+    if (isAtEnd && LooksLikePath(before.substr(before.rfind('*') + 1))) return true;
+  }
+  return false;
+}
+
 /// True when a mark keeps the tokens from being what they were meant to be.
 bool CheckQuotationMarks(const CallFacts& facts, bool leadsToARun, Diagnostics& found) {
   for (const std::string& argument : facts.arguments) {
     if (argument.find('"') == std::string::npos) continue;
     Diagnostic diagnostic("call-quotation-mark", argument + " holds a quotation mark");
+    std::string clean = argument;
+    std::erase(clean, '"');
     if (argument == facts.solver) {
-      std::string name = argument;
-      std::erase(name, '"');
       found.push_back(diagnostic.Grave()
                           .Because("the launcher would find no solver and stop with -1")
-                          .Suggest(name, "the solver is written " + name));
+                          .Suggest(clean, "the solver is written " + clean));
       return true;
     }
+    if (!MayLackABackslash(argument))
+      diagnostic.Suggest(clean, "it is written without them, " + clean);
     if (leadsToARun) {
       diagnostic.Because("the launcher would hand it on as it stands");
     } else {
@@ -289,6 +315,15 @@ void CheckOption(const CallFacts& facts, Diagnostics& found) {
                       .Because("the launcher would read it as " + number));
 }
 
+/// "L$1*tokens" for "L*tokens$1"; empty for one that has no $ behind its tokens.
+std::string WithMarkerInFront(std::string argument) {
+  const std::size_t star = argument.find('*');
+  const std::size_t marker = argument.find('$');
+  if (star == std::string::npos || marker == std::string::npos || marker < star) return {};
+  const std::string type = argument.substr(marker, argument.find('*', marker) - marker);
+  return argument.erase(marker, type.size()).insert(star, type);
+}
+
 /// True when the run folder may bear it.
 bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
   const std::string run(TrimmedOfInvisible(facts.Token(kRunNumber)));
@@ -299,7 +334,12 @@ bool CheckRunNumber(const CallFacts& facts, Diagnostics& found) {
   if (run.find('"') != std::string::npos) return false;  // has its own rule
   Diagnostic diagnostic("run-number", "the run number is " + run + ", no number");
   if (facts.isShell) {
-    diagnostic.Grave().Because("the launcher would take the folder Run" + facts.FolderNumber());
+    // The digits that it begins with decide.
+    diagnostic.Grave(!IsPlainNumber(run.substr(0, 1)))
+        .Because("the launcher would take the folder Run" + facts.FolderNumber());
+    if (const std::string right = WithMarkerInFront(facts.arguments[0]); !right.empty()) {
+      diagnostic.Suggest(right, "the first argument is written " + right);
+    }
   } else if (AsciiLower(run).starts_with("run")) {
     diagnostic.Grave()
         .Because("the launcher would look in the folder Run" + run)
@@ -336,6 +376,13 @@ void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
                         .Suggest(name, "the solver is written " + name));
     return;
   }
+  if (IsLauncherName(solver)) {
+    found.push_back(Diagnostic("solver-name", "the solver is " + solver + ", the launcher")
+                        .Grave()
+                        .Because("the launcher would take itself for the solver")
+                        .Help("the solver's file name is the third argument"));
+    return;
+  }
   const std::string family = TextsOf(facts.family).name;
   if (facts.rule == nullptr) {
     found.push_back(Diagnostic(
@@ -367,6 +414,22 @@ void CheckSolverName(const CallFacts& facts, Diagnostics& found) {
 bool CheckCall(const CallFacts& facts, Diagnostics& found, bool leadsToARun) {
   if (IsFirstMissing(facts)) {
     found.push_back(Diagnostic("call-first-argument", "the first argument is missing"));
+    return false;
+  }
+  if (IsFirstTwice(facts)) {
+    found.push_back(
+        Diagnostic("call-first-argument", "the first argument stands twice: " + facts.arguments[0] +
+                                              " is one argument too many")
+            .Because("the launcher would take the second of them for the token list"));
+    return false;
+  }
+  if (IsReversed(facts)) {
+    const std::string right =
+        CommandLineOf({facts.arguments[2], facts.arguments[1], facts.arguments[0]});
+    found.push_back(Diagnostic("call-token-order", "the first argument and the solver are swapped")
+                        .Grave()
+                        .Because("the launcher would take itself for the solver")
+                        .Suggest(right, "the call is written " + right));
     return false;
   }
   if (AreTokensApart(facts)) {

@@ -50,7 +50,9 @@ int Inform(const Terminal& terminal, const Call& call, const std::string& text) 
 
 int Refuse(const Terminal& terminal, const Call& call, const std::string& what) {
   Report report;
-  report.diagnostics.push_back(Diagnostic("wrong-call", what));
+  Diagnostic diagnostic("wrong-call", what);
+  if (!call.meant.empty()) diagnostic.suggestion = call.meant;
+  report.diagnostics.push_back(diagnostic);
   if (call.json) {
     Print(terminal, call, report);
   } else {
@@ -100,10 +102,10 @@ int Main(const std::vector<std::string>& arguments) {
   }
   if (!call.wrong.empty()) return Refuse(terminal, call, call.wrong);
   if (call.version) return Inform(terminal, call, "QVXRunCheck " QVX_VERSION);
-  if (!call.explainStatus.empty()) {
-    const std::optional<int> status = ParseStatus(call.explainStatus);
+  if (call.explainStatus) {
+    const std::optional<int> status = ParseStatus(*call.explainStatus);
     if (!status) {
-      return Refuse(terminal, call, call.explainStatus + " is no exit status of 32 bits");
+      return Refuse(terminal, call, *call.explainStatus + " is no exit status of 32 bits");
     }
     return Inform(terminal, call, ExplainStatus(*status, SystemTextOf));
   }

@@ -95,6 +95,7 @@ bool CheckFolder(Diagnostic diagnostic, const char* what, const std::string& fol
     suggestAbove();
   } else if (KindOf(folder + "\\" + inside) != FileKind::Folder) {
     diagnostic.summary = "the " + std::string(what) + " " + folder + " holds no folder " + inside;
+    AddNeighbour(folder + "\\" + inside, diagnostic);
     AddFolderBelow(folder, inside, diagnostic);
     suggestAbove();
   } else {
@@ -167,6 +168,9 @@ bool CheckRunFolder(const CallFacts& call, const RunPlaces& places, Diagnostics&
     AddMissingRunFolder(call, places, found);
     return false;
   }
+  const auto told = std::ranges::find(found, "run-number", &Diagnostic::code);
+  const std::string asWritten = places.project + "\\Analysis\\Run" + call.Token(kRunNumber);
+  if (told != found.end() && call.isShell && KindOf(asWritten) == FileKind::Folder) told->Grave();
   if (kind == FileKind::File) {
     found.push_back(Diagnostic("run-folder", "the run folder " + places.runFolder + " is a file")
                         .Because(LostRun(call)));

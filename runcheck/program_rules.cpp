@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <set>
 #include <string>
 
@@ -48,6 +49,12 @@ bool IsBatchFile(const std::string& path) {
   return lower.ends_with(".bat") || lower.ends_with(".cmd");
 }
 
+/// With its backslash when it is a drive.
+std::string FolderAbove(const std::string& path) {
+  const std::string folder = path.substr(0, LastSeparator(path));
+  return folder.ends_with(':') ? folder + "\\" : folder;
+}
+
 void CheckHeader(Code code, const std::string& path, Diagnostics& found) {
   switch (KindOfProgram(path)) {
     case ProgramKind::NoProgram:
@@ -87,6 +94,19 @@ class ProgramRules {
  private:
   [[nodiscard]] const LauncherContext& Context() const { return *prediction_.context; }
 
+  /// One in `bin`; empty for none.
+  static std::string SolverLike(const std::string& bin, const std::string& name) {
+    const auto isFile = [&](const std::string& one) {
+      return KindOf(bin + "\\" + one) == FileKind::File;
+    };
+    const std::string shorter = name.substr(0, name.rfind('.'));
+    if (AsciiLower(shorter).ends_with(".exe") && isFile(shorter)) return shorter;
+    std::vector<std::string> names = NamesMatching(bin + "\\*.exe");
+    std::erase_if(names, std::not_fn(isFile));
+    const std::vector<std::string_view> views(names.begin(), names.end());
+    return std::string(MostSimilar(name, views));
+  }
+
   void CheckSolver(const Pass& pass) {
     const std::string path = WithExtension(pass.solverPath);
     const FileKind kind = KindOf(path);
@@ -103,12 +123,13 @@ class ProgramRules {
                                            : "the launcher would stop with -1");
       const std::string name = pass.solverPath.substr(bin.size() + 1);
       const bool hasMark = name.find('"') != std::string::npos;
-      if (name.empty() || hasMark || TrimmedOfInvisible(name) != name)
+      if (name.empty() || hasMark || TrimmedOfInvisible(name) != name || IsLauncherName(name)) {
         return;  // told with the call
-      const std::vector<std::string> names = NamesMatching(bin + "\\*.exe");
-      std::vector<std::string_view> views(names.begin(), names.end());
-      if (const std::string_view meant = MostSimilar(name, views); !meant.empty()) {
-        diagnostic.Suggest(std::string(meant), "Bin holds " + std::string(meant));
+      }
+      AddElsewhere({path + ".exe", path + ".txt", places_.home + "\\" + LastPart(path)},
+                   diagnostic);
+      if (const std::string meant = SolverLike(bin, name); !meant.empty()) {
+        diagnostic.Suggest(meant, "Bin holds " + meant);
       }
       found_.push_back(diagnostic);
       return;
@@ -139,15 +160,20 @@ class ProgramRules {
       return;
     }
     if (KindOf(folder) == FileKind::File) {
-      const std::string right = folder.substr(0, LastSeparator(folder));
+      const std::string right = FolderAbove(folder);
       found_.push_back(Diagnostic("mpi-path", "IntelMPI_InstallPath is a file, " + folder)
                            .Suggest(right, "the value is the folder " + right));
       return;
     }
     Diagnostic diagnostic("mpi-launcher", path + " does not exist");
-    for (const char* sub : {"bin", "x64", "em64t\\bin", "intel64\\bin"}) {
-      if (KindOf(folder + "\\" + sub + "\\impiexec.exe") != FileKind::File) continue;
-      diagnostic.Suggest(folder + "\\" + sub, "impiexec.exe lies in " + folder + "\\" + sub);
+    const std::string other = folder + "\\mpiexec.exe";
+    if (KindOf(other) == FileKind::File) {
+      diagnostic.Help(other + " lies there, and impiexec.exe is looked for");
+    }
+    for (const std::string& right : {folder + "\\bin", folder + "\\x64", folder + "\\em64t\\bin",
+                                     folder + "\\intel64\\bin", FolderAbove(folder)}) {
+      if (KindOf(right + "\\impiexec.exe") != FileKind::File) continue;
+      diagnostic.Suggest(right, "impiexec.exe lies in " + right);
       break;
     }
     found_.push_back(diagnostic);
@@ -174,7 +200,7 @@ class ProgramRules {
       wrong = "IntelMPI_InstallPath holds quotation marks, " + folder;
     } else if (TrimmedOfInvisible(folder) != folder) {
       wrong = "a blank stands beside IntelMPI_InstallPath, " + folder;
-    } else if (!IsAbsolutePath(folder)) {
+    } else if (!IsAbsolutePath(folder + "\\")) {  // that of a drive has lost its own
       wrong = "IntelMPI_InstallPath is relative, " + folder;
     } else {
       return true;
@@ -185,9 +211,10 @@ class ProgramRules {
     } else if (!value.hasValue && value.isInUserKey) {
       diagnostic.Help("the value stands in HKEY_CURRENT_USER and belongs into HKEY_LOCAL_MACHINE");
     }
-    if (folder.find('"') != std::string::npos) {
-      std::string right = folder;
-      std::erase(right, '"');
+    std::string right = folder;
+    std::erase(right, '"');
+    right = TrimmedOfInvisible(right);
+    if (right != folder && !right.empty()) {
       diagnostic.Suggest(right, "the value is written " + right);
     }
     found_.push_back(diagnostic);

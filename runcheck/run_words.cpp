@@ -32,14 +32,26 @@ std::string FirstUnexpected(const CLI::App& app, const std::vector<std::string>&
   });
 }
 
-std::string Unexpected(const CLI::App& app, const std::string& first) {
-  const std::string name =
-      AsciiLower(first.substr(std::min(first.find_first_not_of("-/"), first.size())));
-  if (name.size() == first.size()) {
-    return first + " belongs to no option; a text with blanks stands in quotation marks";
+/// The option that `argument` is nearly; empty for none.
+std::string MeantOption(const CLI::App& app, const std::string& argument) {
+  const std::size_t start = std::min(argument.find_first_not_of("-/"), argument.size());
+  const std::string name = argument.substr(start, argument.find('=') - start);
+  std::vector<std::string_view> names;
+  for (const CLI::Option* option : app.get_options()) {
+    names.insert(names.end(), option->get_lnames().begin(), option->get_lnames().end());
   }
-  const bool isKnown = !name.empty() && app.get_option_no_throw("--" + name) != nullptr;
-  return first + " is no option" + (isKnown ? "; it is written --" + name : "");
+  const std::string_view meant = MostSimilar(name, names);
+  return start == 0 || meant.empty() ? "" : "--" + std::string(meant);
+}
+
+WordsMistake Unexpected(const CLI::App& app, const std::vector<std::string>& arguments) {
+  const std::string first = FirstUnexpected(app, arguments);
+  const std::string meant = MeantOption(app, first);
+  const std::string text =
+      !first.starts_with('-') && !first.starts_with('/')
+          ? " belongs to no option; a text with blanks stands in quotation marks"
+          : " is no option" + (meant.empty() ? "" : "; it is written " + meant);
+  return {first + text + MarkHint(arguments), first, meant};
 }
 
 /// An option that lacks its value or stands twice: the parser would take the next option as the
@@ -50,6 +62,7 @@ std::string WrongValue(const CLI::App& app, const std::vector<std::string>& argu
     const std::string name = argument->substr(0, argument->find('='));
     const CLI::Option* option = name.starts_with("--") ? app.get_option_no_throw(name) : nullptr;
     if (option == nullptr || option->get_items_expected_min() == 0) continue;
+    if (*argument == name + "=") return name + " is not followed by its value";
     if (name == *argument) {
       ++argument;
       if (argument == arguments.end() || argument->starts_with("--")) {
@@ -118,16 +131,15 @@ std::string MissingWord(const RunWords& words) {
 
 WordsMistake ParseWords(CLI::App& app, const std::vector<std::string>& arguments) {
   const std::string wrongValue = WrongValue(app, arguments);
-  if (!wrongValue.empty()) return {wrongValue + MarkHint(arguments), ""};
+  if (!wrongValue.empty()) return {wrongValue + MarkHint(arguments), "", ""};
   // The parser takes them from the end.
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
     app.parse(reversed);
   } catch (const CLI::ExtrasError&) {
-    const std::string first = FirstUnexpected(app, arguments);
-    return {Unexpected(app, first) + MarkHint(arguments), first};
+    return Unexpected(app, arguments);
   } catch (const CLI::ParseError& error) {
-    return {FirstLetterLower(error.what()) + MarkHint(arguments), ""};
+    return {FirstLetterLower(error.what()) + MarkHint(arguments), "", ""};
   }
   return {};
 }

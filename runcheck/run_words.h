@@ -30,10 +30,11 @@ std::string GivenRunWord(const CLI::App& app);
 /// "--run is missing" or the like; empty when all words are there that have no default.
 std::string MissingWord(const RunWords& words);
 
-/// What is wrong with arguments; both empty when nothing is.
+/// What is wrong with arguments; all empty when nothing is.
 struct WordsMistake {
   std::string text;
   std::string unexpected;  ///< the argument that belongs to no option, where that is it
+  std::string meant;       ///< the option that it may have been meant for
 };
 
 /// Parses `arguments`, which are without the program's own name.

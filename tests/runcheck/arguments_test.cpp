@@ -61,6 +61,51 @@ TEST_F(RunCheckArguments, NoFirstArgument) {
             "1 error: this run would not start.\n");
 }
 
+TEST_F(RunCheckArguments, TheLaunchersNameBeforeTheFirstArgument) {
+  const std::string twice =
+      std::string(
+          "error: the first argument stands twice: QVXSolverLauncher.exe is one argument "
+          "too many: the launcher would take the second of them for the token list "
+          "[call-first-argument]\n"
+          "    help: a call is FIRST_ARGUMENT TOKENS SOLVER\n") +
+      kNoStart;
+  EXPECT_EQ(
+      Findings({"QVXSolverLauncher.exe", "QVXSolverLauncher.exe$1", "C:\\Q*C:\\P*S*0*01", kFlow}),
+      twice);
+  EXPECT_EQ(
+      Findings({"QVXSolverLauncher.exe", std::string("C:\\Q\\Bin\\qvxsolverlauncher$1*") + kTokens,
+                "-", "QvxFlow.exe"}),
+      twice);
+}
+
+TEST_F(RunCheckArguments, TheLaunchersNameAsAnIgnoredTokenListIsInOrder) {
+  site.InstallSolver("QvxFlow.exe");
+  EXPECT_EQ(Findings({std::string("L$1*") + kTokens, "QVXSolverLauncher.exe", "QvxFlow.exe"}),
+            kInOrder);
+}
+
+TEST_F(RunCheckArguments, FirstArgumentAndSolverSwapped) {
+  site.InstallSolver("QVXSolverLauncher.exe");
+  for (const std::string launcher : {"QVXSolverLauncher.exe$1", "QVXSolverLauncher.exe"}) {
+    EXPECT_EQ(Findings({kFlow, kTokens, launcher}),
+              "error: the first argument and the solver are swapped: the launcher would take "
+              "itself for the solver [call-token-order]\n"
+              "    help: the call is written " +
+                  launcher + " " + kTokens + " Qvx3DFlow.exe\n" + kNotMeant);
+  }
+}
+
+TEST_F(RunCheckArguments, TheLauncherForTheSolver) {
+  site.InstallSolver("QVXSolverLauncher.exe");
+  for (const std::string solver : {"QVXSolverLauncher.exe", "qvxsolverlauncher"}) {
+    EXPECT_EQ(FindingsFor(kTokens, solver),
+              "error: the solver is " + solver +
+                  ", the launcher: the launcher would take itself for the solver [solver-name]\n"
+                  "    help: the solver's file name is the third argument\n" +
+                  kNotMeant);
+  }
+}
+
 TEST_F(RunCheckArguments, ABlankWithoutQuotationMarksCutsTheTokens) {
   EXPECT_EQ(Findings({"L$1", "C:\\Program", "Files\\Q*C:\\P*Sample*0*01", kFlow}),
             "error: a blank cuts the token list behind C:\\Program: the launcher would take the "
@@ -177,7 +222,7 @@ TEST_F(RunCheckArguments, AQuotationMarkInTheFirstArgument) {
   EXPECT_EQ(Findings({"\"L\"$1", kTokens, kFlow}),
             "warning: \"L\"$1 holds a quotation mark: the launcher would hand it on as it stands "
             "[call-quotation-mark]\n"
-            "    help: a backslash before a closing quotation mark is left out\n"
+            "    help: it is written without them, L$1\n"
             "\n"
             "1 warning: this run would start.\n");
 }
@@ -186,9 +231,30 @@ TEST_F(RunCheckArguments, QuotationMarksAroundTheTokensAreSaidOnce) {
   EXPECT_EQ(FindingsFor("\"" + std::string(kTokens) + "\""),
             "error: \"<site>\\Home*<site>\\Work\\Sample*Sample*3*01\" holds a quotation mark: the "
             "launcher would go to a folder that cannot exist [call-quotation-mark]\n"
-            "    help: a backslash before a closing quotation mark is left out\n"
+            "    help: it is written without them, <site>\\Home*<site>\\Work\\Sample*Sample*3*01\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
+}
+
+TEST_F(RunCheckArguments, QuotationMarksAroundAToken) {
+  for (const std::string tokens : {"\"<site>\\Home\"*<site>\\Work\\Sample*Sample*3*01",
+                                   "<site>\\Home*\"<site>\\Work\\Sample\"*Sample*3*01",
+                                   "<site>\\Home*<site>\\Work\\Sample*Sample*3*\"01\""}) {
+    EXPECT_EQ(FindingsFor(tokens), "error: " + tokens +
+                                       " holds a quotation mark: the launcher would go to a folder "
+                                       "that cannot exist [call-quotation-mark]\n"
+                                       "    help: it is written without them, " +
+                                       kTokens + "\n" + kNotMeant);
+  }
+}
+
+TEST_F(RunCheckArguments, BackslashesBeforeTheQuotationMarksOfBothFolders) {
+  EXPECT_EQ(FindingsFor("<site>\\Home\"*<site>\\Work\\Sample\"*Sample*3*01"),
+            std::string(
+                "error: <site>\\Home\"*<site>\\Work\\Sample\"*Sample*3*01 holds a quotation mark: "
+                "the launcher would go to a folder that cannot exist [call-quotation-mark]\n"
+                "    help: a backslash before a closing quotation mark is left out\n") +
+                kNotMeant);
 }
 
 TEST_F(RunCheckArguments, ABackslashBeforeTheQuotationMarkOfTheProject) {
@@ -266,10 +332,22 @@ TEST_F(RunCheckArguments, WhatIsNotExpectedIsNamedWithItsCure) {
             "error: -project is no option; it is written --project");
   EXPECT_EQ(wrong({"/run", "01"}), "error: /run is no option; it is written --run");
   EXPECT_EQ(wrong({"--Solver", kFlow}), "error: --Solver is no option; it is written --solver");
-  EXPECT_EQ(wrong({"--runs", "01"}), "error: --runs is no option");
+  EXPECT_EQ(wrong({"--moulding-type=3"}),
+            "error: --moulding-type=3 is no option; it is written --molding-type");
+  EXPECT_EQ(wrong({"--solvr", kFlow}), "error: --solvr is no option; it is written --solver");
+  EXPECT_EQ(wrong({"--folder", "01"}), "error: --folder is no option");
   EXPECT_EQ(wrong({"--project", "C:\\My", "Projects\\Sample"}),
             "error: Projects\\Sample belongs to no option; a text with blanks stands in quotation "
             "marks");
+}
+
+TEST_F(RunCheckArguments, AnOptionThatWasMeantIsSuggested) {
+  const auto suggestion = [&](const std::string& option) {
+    const std::string answer = Answer({"--json", option, "01"});
+    return answer.substr(answer.find("\"suggestion\":"));
+  };
+  EXPECT_EQ(suggestion("--Project"), "\"suggestion\": \"--project\"\n    }\n  ]\n}\n");
+  EXPECT_EQ(suggestion("--folder"), "\"suggestion\": null\n    }\n  ]\n}\n");
 }
 
 TEST_F(RunCheckArguments, ATimeoutOutsideItsLimits) {

@@ -149,6 +149,17 @@ TEST_F(RunCheckFolders, AFolderTooHigh) {
           kNotMeant);
 }
 
+TEST_F(RunCheckFolders, AMisspeltFolderInTheProjectDirectory) {
+  site.Write("Work\\Other\\Analyses\\x", "");
+  EXPECT_EQ(
+      FindingsFor("<site>\\Home*<site>\\Work\\Other*Sample*0*01"),
+      std::string("error: the project directory <site>\\Work\\Other holds no folder Analysis: "
+                  "without its CMX file the run would be distributed and lose its log "
+                  "[project-folder]\n"
+                  "    help: there is a folder <site>\\Work\\Other\\Analyses\n") +
+          kNotMeant);
+}
+
 TEST_F(RunCheckFolders, AFolderTooHighAboveSeveral) {
   site.Write("Work\\Other\\Analysis\\x", "");
   EXPECT_EQ(

@@ -2,10 +2,12 @@
 // and near misses.
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 #include <thread>
 
 #include "tests/runcheck/findings.h"
+#include "tests/support/program_path.h"
 
 namespace qvx::test {
 namespace {
@@ -37,6 +39,17 @@ class MisplacedMpiPath {
 
  private:
   HKEY key_ = nullptr;
+};
+
+/// impiexec.exe, with no folder above it.
+class ImpiexecOnTheDrive {
+ public:
+  ImpiexecOnTheDrive() { std::filesystem::copy_file(ProgramPath("samples\\impiexec.exe"), kPath); }
+  ~ImpiexecOnTheDrive() { std::filesystem::remove(kPath); }
+  ImpiexecOnTheDrive(const ImpiexecOnTheDrive&) = delete;
+  ImpiexecOnTheDrive& operator=(const ImpiexecOnTheDrive&) = delete;
+
+  static constexpr const char* kPath = "C:\\impiexec.exe";
 };
 
 TEST_F(RunCheckMpi, NoKeyForTheMpiInstallation) {
@@ -142,6 +155,26 @@ TEST_F(RunCheckMpi, AFileForAFolderInTheRegistry) {
             "1 error: this run would not start.\n");
 }
 
+TEST_F(RunCheckMpi, ADriveForTheMpiFolderIsInOrder) {
+  site.WriteCmx(kDmpCmx);
+  const ImpiexecOnTheDrive impiexec;
+  for (const char* path : {"C:\\", "C:"}) {
+    mpiPath.Set(path);
+    EXPECT_EQ(Findings(), kInOrder) << path;
+  }
+}
+
+TEST_F(RunCheckMpi, AFileOnADriveForAFolderInTheRegistry) {
+  site.WriteCmx(kDmpCmx);
+  const ImpiexecOnTheDrive impiexec;
+  mpiPath.Set(ImpiexecOnTheDrive::kPath);
+  EXPECT_EQ(Findings(),
+            std::string("error: IntelMPI_InstallPath is a file, C:\\impiexec.exe: the launcher "
+                        "would stop with -1 [mpi-path]\n"
+                        "    help: the value is the folder C:\\\n") +
+                kNoStart);
+}
+
 TEST_F(RunCheckMpi, AFolderWithoutImpiexecInTheRegistry) {
   site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Home"));
@@ -165,6 +198,43 @@ TEST_F(RunCheckMpi, ASubfolderHoldsImpiexec) {
             "1 error: this run would not start.\n");
 }
 
+TEST_F(RunCheckMpi, TheFolderAboveHoldsImpiexec) {
+  site.WriteCmx(kDmpCmx);
+  for (const char* folder : {"Mpi\\bin", "Mpi\\bin\\"}) {
+    mpiPath.Set(site.Path(folder));
+    EXPECT_EQ(
+        Findings(),
+        std::string("error: <site>\\Mpi\\bin\\impiexec.exe does not exist: the launcher would "
+                    "stop with -1 [mpi-launcher]\n"
+                    "    help: impiexec.exe lies in <site>\\Mpi\n") +
+            kNoStart);
+  }
+}
+
+TEST_F(RunCheckMpi, ADriveAboveHoldsImpiexec) {
+  site.WriteCmx(kDmpCmx);
+  const ImpiexecOnTheDrive impiexec;
+  mpiPath.Set("C:\\windows");
+  EXPECT_EQ(Findings(),
+            std::string("error: C:\\windows\\impiexec.exe does not exist: the launcher would stop "
+                        "with -1 [mpi-launcher]\n"
+                        "    help: impiexec.exe lies in C:\\\n") +
+                kNoStart);
+}
+
+TEST_F(RunCheckMpi, MpiexecForImpiexec) {
+  site.WriteCmx(kDmpCmx);
+  site.Write("Mpi2\\mpiexec.exe", "");
+  mpiPath.Set(site.Path("Mpi2"));
+  EXPECT_EQ(
+      Findings(),
+      std::string("error: <site>\\Mpi2\\impiexec.exe does not exist: the launcher would stop "
+                  "with -1 [mpi-launcher]\n"
+                  "    help: <site>\\Mpi2\\mpiexec.exe lies there, and impiexec.exe is looked "
+                  "for\n") +
+          kNoStart);
+}
+
 TEST_F(RunCheckMpi, ABackslashBehindTheMpiFolderIsInOrder) {
   site.WriteCmx(kDmpCmx);
   mpiPath.Set(site.Path("Mpi") + "\\");
@@ -178,8 +248,7 @@ TEST_F(RunCheckMpi, ABlankBehindTheMpiFolder) {
       Findings(),
       "error: a blank stands beside IntelMPI_InstallPath, <site>\\Mpi : the launcher would stop "
       "with -1 [mpi-path]\n"
-      "    help: IntelMPI_InstallPath in HKEY_LOCAL_MACHINE\\SOFTWARE\\NelvornSystem is a text, "
-      "the folder of impiexec.exe\n"
+      "    help: the value is written <site>\\Mpi\n"
       "\n"
       "1 error: this run would not start.\n");
 }

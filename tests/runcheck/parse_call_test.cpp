@@ -49,7 +49,7 @@ TEST(ParseCall, AnExitStatusToExplainStandsAlone) {
 TEST(ParseCall, AShareInAnOptionHidesNoOtherFault) {
   EXPECT_EQ(
       Wrong({"--project", "\\\\NODE1\\c$\\P\\Sample", "--run", "01", "--solvr", "Qvx3DFlow.exe"}),
-      "--solvr is no option");
+      "--solvr is no option; it is written --solver");
   EXPECT_EQ(Wrong({"--project", "C:\\*", "--run"}), "--run is not followed by its value");
 }
 
@@ -86,8 +86,13 @@ TEST(ParseCall, AnOptionIsFollowedByItsValue) {
             "--solver is not followed by its value");
   EXPECT_EQ(Wrong({"--solver", "--name", "Sample"}), "--solver is not followed by its value");
   EXPECT_EQ(Wrong({"--run", "--", "L$1"}), "--run is not followed by its value");
+  for (const Texts& texts : {Texts{"--explain-status", ""}, Texts{"--explain-status="}}) {
+    EXPECT_EQ(Wrong(texts), "--explain-status is not followed by its value");
+  }
   EXPECT_EQ(Wrong({"--timeout"}), "--timeout is not followed by its value");
+  EXPECT_EQ(WrongWith({"--name="}), "--name is not followed by its value");
   EXPECT_EQ(WrongWith({"--name=--odd"}), "");
+  EXPECT_EQ(WrongWith({"--name=a="}), "");
 }
 
 }  // namespace

@@ -269,7 +269,7 @@ TEST_F(RunCheckReport, AMissingOptionIsAWrongCall) {
 
 TEST_F(RunCheckReport, AnUnknownOptionIsAWrongCall) {
   EXPECT_EQ(Answer({"--jsn", "--", "L$1", kTokens, kFlow}),
-            "error: --jsn is no option: nothing was checked [wrong-call]\n"
+            "error: --jsn is no option; it is written --json: nothing was checked [wrong-call]\n"
             "    help: QVXRunCheck.exe --help shows both forms of call\n");
   EXPECT_EQ(status, 2);
 }

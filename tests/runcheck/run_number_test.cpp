@@ -120,6 +120,41 @@ TEST_F(RunCheckRunNumber, AShellRunNumberThatIsAWord) {
             "1 error: this run would not be the one that is meant.\n");
 }
 
+TEST_F(RunCheckRunNumber, AMoldingTypeBehindAShellRunNumber) {
+  site.InstallSolver("QvxFlow.exe");
+  EXPECT_EQ(
+      Findings({std::string("L*") + kTokens + "$1", "-", "QvxFlow.exe"}),
+      "warning: the run number is 01$1, no number: the launcher would take the folder Run01 "
+      "[run-number]\n"
+      "    help: the first argument is written L$1*<site>\\Home*<site>\\Work\\Sample*Sample*3*"
+      "01\n"
+      "\n"
+      "1 warning: this run would start.\n");
+}
+
+TEST_F(RunCheckRunNumber, AShellRunNumberWithLettersBehindIt) {
+  EXPECT_EQ(ShellRunNumbered("1a"),
+            "warning: the run number is 1a, no number: the launcher would take the folder Run01 "
+            "[run-number]\n"
+            "    help: the run number stands as in the run folder's name\n"
+            "\n"
+            "1 warning: this run would start.\n");
+  std::filesystem::create_directories(site.Path("Work\\Sample\\Analysis\\Run1a"));
+  EXPECT_EQ(ShellRunNumbered("1a"),
+            std::string("error: the run number is 1a, no number: the launcher would take the "
+                        "folder Run01 [run-number]\n"
+                        "    help: the run number stands as in the run folder's name\n") +
+                kNotMeant);
+}
+
+TEST_F(RunCheckRunNumber, AShellRunNumberWithLettersBehindItAndNoFolder) {
+  EXPECT_EQ(ShellRunNumbered("7a"),
+            std::string("error: the run number is 7a, no number: the launcher would look in the "
+                        "folder Run07, which does not exist [run-number]\n"
+                        "    help: the run number stands as in the run folder's name\n") +
+                kNotMeant);
+}
+
 TEST_F(RunCheckRunNumber, AShellRunNumberNeedsNoZero) {
   site.InstallSolver("QvxFlow.exe");
   EXPECT_EQ(Findings({"L$1*<site>\\Home*<site>\\Work\\Sample*Sample*0*1", "-", "QvxFlow.exe"}),

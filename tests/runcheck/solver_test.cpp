@@ -132,6 +132,45 @@ TEST_F(RunCheckSolver, ASolverThatIsNotSimilar) {
             "1 error, 1 warning: this run would not start.\n");
 }
 
+class RunCheckMissingSolver : public RunCheckTest {
+ protected:
+  /// The second line of what is found about a call of Qvx3DFlow.exe, or of another solver.
+  std::string Help(const std::string& solver = kFlow) const {
+    const std::string text = FindingsFor(kTokens, solver);
+    EXPECT_EQ(text.substr(0, text.find(" does not exist")),
+              "error: the solver <site>\\Home\\Bin\\" + solver);
+    const std::size_t start = text.find('\n') + 1;
+    return text.substr(start, text.find('\n', start) - start);
+  }
+};
+
+TEST_F(RunCheckMissingSolver, LiesUnderAnotherNameOrInAnotherFolder) {
+  site.Remove("Home\\Bin\\Qvx3DFlow.exe");
+  for (const char* place : {"Bin\\Qvx3DFlow.exe.exe", "Bin\\Qvx3DFlow.exe.txt", "Qvx3DFlow.exe"}) {
+    const std::string path = std::string("Home\\") + place;
+    site.Write(path, "");
+    EXPECT_EQ(Help(), "    help: there is a file <site>\\" + path);
+    site.Remove(path);
+  }
+  EXPECT_EQ(Help(), "    help: the solver lies in Bin of the home folder");
+}
+
+TEST_F(RunCheckMissingSolver, IsNamedWithAnExtensionTooMany) {
+  EXPECT_EQ(Help("Qvx3DFlow.exe.exe"), "    help: Bin holds Qvx3DFlow.exe");
+  EXPECT_EQ(Help("Qvx3DFlow.exe.txt"), "    help: Bin holds Qvx3DFlow.exe");
+  EXPECT_EQ(Help("Qvx3DPacking.exe.txt"), "    help: the solver lies in Bin of the home folder");
+}
+
+TEST_F(RunCheckSolver, ASolverThatIsAFolder) {
+  site.Remove("Home\\Bin\\Qvx3DFlow.exe");
+  site.Write("Home\\Bin\\Qvx3DFlow.exe\\x", "");
+  EXPECT_EQ(FindingsFor(kTokens),
+            std::string("error: the solver <site>\\Home\\Bin\\Qvx3DFlow.exe is a folder: the "
+                        "launcher would stop with -1 [solver-file]\n"
+                        "    help: the solver lies in Bin of the home folder\n") +
+                kNoStart);
+}
+
 TEST_F(RunCheckSolver, ASolverWithoutItsExtensionIsInOrder) {
   EXPECT_EQ(FindingsFor(kTokens, "Qvx3DFlow"), kInOrder);
 }

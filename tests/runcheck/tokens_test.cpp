@@ -180,7 +180,7 @@ TEST_F(RunCheckTokens, AQuotationMarkInANameThatNothingIsReadBy) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*My \"part\"*3*01", "QvxOptics.exe"),
             "warning: <site>\\Home*<site>\\Work\\Sample*My \"part\"*3*01 holds a quotation mark: "
             "the launcher would hand it on as it stands [call-quotation-mark]\n"
-            "    help: a backslash before a closing quotation mark is left out\n"
+            "    help: it is written without them, <site>\\Home*<site>\\Work\\Sample*My part*3*01\n"
             "\n"
             "1 warning: this run would start.\n");
 }
@@ -189,7 +189,7 @@ TEST_F(RunCheckTokens, AQuotationMarkInTheNameOfACmxFile) {
   EXPECT_EQ(FindingsFor("<site>\\Home*<site>\\Work\\Sample*My \"part\"*3*01"),
             "error: <site>\\Home*<site>\\Work\\Sample*My \"part\"*3*01 holds a quotation mark: the "
             "launcher would go to a folder that cannot exist [call-quotation-mark]\n"
-            "    help: a backslash before a closing quotation mark is left out\n"
+            "    help: it is written without them, <site>\\Home*<site>\\Work\\Sample*My part*3*01\n"
             "\n"
             "1 error: this run would not be the one that is meant.\n");
 }

@@ -156,7 +156,7 @@ TEST_F(StartLauncher, SaysWhatIsWrongWithItsCallAndStartsNothing) {
       {{"--run", "01", "--solver", "Qvx3DFlow.exe"}, "--project is missing"},
       {{"--project", "C:\\P", "--solver", "Qvx3DFlow.exe"}, "--run is missing"},
       {{"--project", "C:\\P", "--run", "01"}, "--solver is missing"},
-      {{"--solvr", "Qvx3DFlow.exe"}, "--solvr is no option"},
+      {{"--solvr", "Qvx3DFlow.exe"}, "--solvr is no option; it is written --solver"},
       {{"--solver", "--name", "Sample"}, "--solver is not followed by its value"},
       {{"--run", "01", "--run", "02"}, "--run stands twice"},
       {{"--option", "abc"}, "--option takes a whole number, not abc"},
