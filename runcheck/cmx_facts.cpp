@@ -19,6 +19,7 @@ constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
 
 /// The bytes of the character that `text` begins with.
 std::size_t CharacterSize(std::string_view text) {
+  if (static_cast<unsigned char>(text.front()) < 0x80) return 1;  // nearly always
   for (const std::string_view character : {kByteOrderMark, kZeroWidthSpace}) {
     if (text.starts_with(character)) return character.size();
   }
@@ -27,7 +28,9 @@ std::size_t CharacterSize(std::string_view text) {
 }
 
 bool IsInvisible(std::string_view character) {
-  if (character.size() == 1) return kInvisible.find(character) != std::string_view::npos;
+  if (character.size() == 1) {
+    return std::ranges::find(kInvisible, character.front()) != kInvisible.end();
+  }
   return character == kByteOrderMark || character == kZeroWidthSpace ||
          (character == kNoBreakSpace && !IsLeadByte(character.front()));
 }

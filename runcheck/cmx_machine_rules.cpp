@@ -224,9 +224,10 @@ class MachineRules {
   void AddSecondBlock(const SettingLine& opener, LineRole role,
                       const std::vector<const SettingLine*>& entries) {
     bool losesText = false;
-    for (std::size_t i = static_cast<std::size_t>(count_); i < entries.size(); ++i) {
+    const auto count = static_cast<std::size_t>(count_);
+    for (std::size_t i = count; i < entries.size(); ++i) {
       const SettingLine& entry = *entries[i];
-      const std::string_view first = entries[i % static_cast<std::size_t>(count_)]->value;
+      const std::string_view first = entries[i % count]->value;
       const bool differs = entry.value != first && !IsTagLike(facts_, *entry.line);
       losesText = losesText || entry.known != nullptr || (role == LineRole::Machine && differs);
     }

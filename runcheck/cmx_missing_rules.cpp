@@ -9,10 +9,8 @@
 namespace qvx::runcheck {
 namespace {
 
-bool IsWordCharacter(char c) {
-  const char lower = AsciiLower(c);
-  return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') || c == '_';
-}
+constexpr std::string_view kWordCharacters =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
 
 bool OpensAComment(std::string_view text) {
   constexpr std::string_view kMarks[] = {";", "#", "/", "!", "'", "--", "<!--"};
@@ -23,11 +21,11 @@ bool OpensAComment(std::string_view text) {
 /// empty when other words are there before it.
 std::string_view NumberBehind(std::string_view text) {
   if (const auto behind = BehindFirstWord(text, "value")) text = *behind;
-  const auto first = std::ranges::find_if(text, IsWordCharacter);
-  const auto end = std::find_if_not(first, text.end(), IsWordCharacter);
-  const bool isPart = (end != text.end() && *end == '.') ||
-                      (first != text.begin() && (first[-1] == '-' || first[-1] == '.'));
-  const std::string_view number(first, end);
+  const std::size_t start = std::min(text.find_first_of(kWordCharacters), text.size());
+  const std::size_t end = std::min(text.find_first_not_of(kWordCharacters, start), text.size());
+  const bool isPart = text.substr(end).starts_with('.') ||
+                      (start > 0 && (text[start - 1] == '-' || text[start - 1] == '.'));
+  const std::string_view number = text.substr(start, end - start);
   return IsPlainNumber(number) && !isPart ? number : std::string_view();
 }
 
@@ -108,11 +106,10 @@ class MissingRules {
 }  // namespace
 
 std::optional<std::string_view> BehindFirstWord(std::string_view text, std::string_view key) {
-  const auto first = std::ranges::find_if(text, IsWordCharacter);
-  text.remove_prefix(static_cast<std::size_t>(first - text.begin()));
+  text.remove_prefix(std::min(text.find_first_of(kWordCharacters), text.size()));
   if (!text.starts_with(key)) return std::nullopt;
   text.remove_prefix(key.size());
-  if (!text.empty() && IsWordCharacter(text.front())) return std::nullopt;
+  if (text.find_first_of(kWordCharacters) == 0) return std::nullopt;
   return text;
 }
 

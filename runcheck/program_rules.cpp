@@ -99,7 +99,7 @@ class ProgramRules {
     const auto isFile = [&](const std::string& one) {
       return KindOf(bin + "\\" + one) == FileKind::File;
     };
-    const std::string shorter = name.substr(0, name.rfind('.'));
+    std::string shorter = name.substr(0, name.rfind('.'));
     if (AsciiLower(shorter).ends_with(".exe") && isFile(shorter)) return shorter;
     std::vector<std::string> names = NamesMatching(bin + "\\*.exe");
     std::erase_if(names, std::not_fn(isFile));
