@@ -42,15 +42,14 @@ std::optional<NearTag> CrowdedTagOf(const CmxFacts& facts, std::string_view writ
 }
 
 std::optional<NearTag> NearTagOf(const CmxFacts& facts, const CmxLine& line) {
+  const bool isSetting = line.text.find('=') != std::string_view::npos;
+  if (isSetting && line.text.find('<') == std::string_view::npos) return std::nullopt;
   for (const SectionReading& reading : facts.Readings()) {
     if (IsExactTag(*reading.section, line.text)) return std::nullopt;
   }
   const std::string_view written = TrimmedOfInvisible(line.text);
   if (const std::optional<NearTag> tag = CrowdedTagOf(facts, written)) return tag;
-  if (written.size() > kLongestTag || written.empty() ||
-      written.find('=') != std::string_view::npos) {
-    return std::nullopt;
-  }
+  if (isSetting || written.size() > kLongestTag || written.empty()) return std::nullopt;
   std::string name(written);
   const std::size_t slash = name.find_first_of("/\\");
   const bool isSlashFirst = slash < name.find_first_not_of("<[({/\\ \t");

@@ -1,5 +1,7 @@
 // All rules of the check over arguments and CMX file, and both forms of its report: none crashes or
 // hangs, whatever the bytes. The input's first three lines are the arguments, the rest is the file.
+#include <functional>
+
 #include "runcheck/call_rules.h"
 #include "runcheck/cmx_rules.h"
 #include "runcheck/prediction.h"
@@ -14,7 +16,7 @@ namespace {
 
 std::string AsItIs(const std::string& text) { return text; }
 
-/// Writing all the reports takes longer than what stands in them: one input of 32 is written,
+/// Writing all the reports takes longer than what stands in them: one input of 64 is written,
 /// in one way.
 void Write(const runcheck::Report& report, std::size_t way) {
   constexpr std::size_t kWidths[] = {0, 1, 80};
@@ -36,7 +38,7 @@ runcheck::Prediction PredictionOf(const std::vector<std::string>& arguments, std
 }  // namespace
 
 void RunInput(std::string_view input) {
-  const std::size_t way = input.size() % 128;
+  const std::size_t way = std::hash<std::string_view>()(input) % 256;
   std::vector<std::string> arguments = TakeLines(input, 3);
   arguments.resize(3);
   const runcheck::CallFacts call = runcheck::FactsOf(arguments);
@@ -44,8 +46,8 @@ void RunInput(std::string_view input) {
   runcheck::Report report;
   report.diagnostics = runcheck::CheckCmxFile(facts);
   runcheck::CheckCall(call, report.diagnostics);
-  // The target `check` predicts every input; here a quarter is, those that are written among them.
-  if (facts.IsMeantDistributed() && way % 16 < 4) {
+  // The target `check` predicts every input; here one of 16 is, those that are written among them.
+  if (facts.IsMeantDistributed() && way % 64 < 4) {
     runcheck::Prediction prediction = PredictionOf(arguments, input);
     runcheck::CheckShares(facts, prediction, report.diagnostics);
     runcheck::CheckCommandLines(prediction, report.diagnostics);
