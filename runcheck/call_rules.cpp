@@ -118,8 +118,9 @@ bool CheckQuotationMarks(const CallFacts& facts, bool leadsToARun, Diagnostics& 
                           .Suggest(clean, "the solver is written " + clean));
       return true;
     }
-    if (!MayLackABackslash(argument))
+    if (!MayLackABackslash(argument)) {
       diagnostic.Suggest(clean, "it is written without them, " + clean);
+    }
     if (leadsToARun) {
       diagnostic.Because("the launcher would hand it on as it stands");
     } else {

@@ -19,23 +19,23 @@ bool IsInASection(const CmxFacts& facts, const CmxLine& line) {
   });
 }
 
-bool IsUtf32(std::string_view bytes) {
-  return bytes.starts_with(std::string_view("\xFF\xFE\0\0", 4)) ||
-         bytes.starts_with(std::string_view("\0\0\xFE\xFF", 4));
-}
-
-bool IsUtf16(std::string_view bytes) {
-  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return true;
+/// "UTF-32" or "UTF-16"; empty for neither.
+std::string_view WideEncoding(std::string_view bytes) {
+  if (bytes.starts_with(std::string_view("\xFF\xFE\0\0", 4)) ||
+      bytes.starts_with(std::string_view("\0\0\xFE\xFF", 4))) {
+    return "UTF-32";
+  }
+  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return "UTF-16";
   // Without a mark: every second byte of the first tag is zero.
   constexpr std::size_t kLooked = 16;
-  if (bytes.size() < kLooked) return false;
+  if (bytes.size() < kLooked) return "";
   const auto zeros = [&](std::size_t first) {
     for (std::size_t i = first; i < kLooked; i += 2) {
       if (bytes[i] != '\0' || bytes[i ^ 1U] == '\0') return false;
     }
     return true;
   };
-  return zeros(0) || zeros(1);
+  return zeros(0) || zeros(1) ? "UTF-16" : "";
 }
 
 bool HasLoneCarriageReturns(std::string_view bytes) {
@@ -146,17 +146,13 @@ void CheckLongLines(const CmxFacts& facts, Diagnostics& found) {
 }  // namespace
 
 bool HasLines(std::string_view bytes) {
-  return !IsUtf32(bytes) && !IsUtf16(bytes) && !HasLoneCarriageReturns(bytes) &&
+  return WideEncoding(bytes).empty() && !HasLoneCarriageReturns(bytes) &&
          !HasReversedLineEnds(bytes);
 }
 
 void CheckBytes(const CmxFacts& facts, Diagnostics& found) {
-  if (IsUtf32(facts.File().bytes)) {
-    found.push_back(Diagnostic("cmx-utf-16", "the file is UTF-32"));
-    return;
-  }
-  if (IsUtf16(facts.File().bytes)) {
-    found.push_back(Diagnostic("cmx-utf-16", "the file is UTF-16"));
+  if (const std::string_view encoding = WideEncoding(facts.File().bytes); !encoding.empty()) {
+    found.push_back(Diagnostic("cmx-utf-16", "the file is " + std::string(encoding)));
     return;
   }
   CheckByteOrderMark(facts, found);

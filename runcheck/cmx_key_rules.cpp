@@ -153,10 +153,7 @@ class KeyRules {
 
   /// The key that the section has to hold, when nothing yet tells why it does not; else empty.
   [[nodiscard]] std::string_view MissingNumber() const {
-    std::string_view key;
-    if (&Section() == &kTaskManagerSection) key = "IDTaskMode";
-    if (&Section() == &kRemoteMachinesSection) key = "ValueNoMachine";
-    if (&Section() == &kSolidCoolSection) key = "Flag3DSolidCoolingChannel";
+    const std::string_view key = NeededKey(Section());
     return reading_.Find(key) == nullptr && !explained_.contains(key) ? key : "";
   }
 

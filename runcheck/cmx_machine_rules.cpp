@@ -26,10 +26,10 @@ std::string Decimal(double number) {
   return text;
 }
 
-/// A host name, as far as DNS and NetBIOS allow one; an address too.
 /// "NODE1:8676"; an IPv6 address has several colons.
 bool HasPort(std::string_view name) { return std::ranges::count(name, ':') == 1; }
 
+/// A host name, as far as DNS and NetBIOS allow one; an address too.
 bool IsHostName(std::string_view name) {
   for (std::size_t at = 0; at < name.size(); ++at) {
     const char c = name[at];

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <utility>
@@ -12,10 +13,19 @@ namespace {
 constexpr std::string_view kWordCharacters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
 
-bool OpensAComment(std::string_view text) {
-  constexpr std::string_view kMarks[] = {";", "#", "/", "!", "'", "--", "<!--"};
-  return std::ranges::any_of(kMarks, [&](std::string_view mark) { return text.starts_with(mark); });
-}
+struct Needed {
+  const CmxSection* section;
+  std::string_view key;
+  bool isGrave;
+  const char* consequence;
+};
+
+constexpr Needed kNeeded[] = {
+    {&kTaskManagerSection, "IDTaskMode", true, "the run would be distributed"},
+    {&kRemoteMachinesSection, "ValueNoMachine", true,
+     "the run would be distributed over no machine"},
+    {&kSolidCoolSection, "Flag3DSolidCoolingChannel", false, "the flow solver would not run first"},
+};
 
 /// The number in what stands behind a key: ` = 0`, `": 0,`, `>0</IDTaskMode>`, ` value="0"/>`;
 /// empty when other words are there before it.
@@ -37,38 +47,29 @@ class MissingRules {
 
   void Check() {
     if (reading_.openings.empty()) return;
-    const auto missing = [&](std::string_view key) {
-      return reading_.Find(key) == nullptr && !IsKeyTold(found_, key);
-    };
-    const auto add = [&](std::string_view key, bool grave, const std::string& consequence) {
-      if (AddUnread(key, grave, consequence)) return;
-      const CmxLine& opening = *reading_.openings.back();
-      found_.push_back(Diagnostic("cmx-key-missing",
-                                  std::string(Section().name) + " holds no " + std::string(key))
-                           .Grave(grave)
-                           .Because(consequence)
-                           .At(LineRange(facts_.File(), opening), opening.whole));
-    };
-    if (&Section() == &kTaskManagerSection) {
-      if (missing("IDTaskMode")) add("IDTaskMode", true, "the run would be distributed");
-      if (facts_.IsSharedMemory() && missing("ValueLocalNoTask")) {
-        add("ValueLocalNoTask", false, "the run would be shared-memory parallel");
-      }
-    } else if (&Section() == &kRemoteMachinesSection) {
-      // One after the blocks is taken into a block; the blocks' own rules speak of it.
-      const bool isTaken = std::ranges::any_of(reading_.settings, [](const SettingLine& setting) {
-        return setting.key == "ValueNoMachine";
-      });
-      if (missing("ValueNoMachine") && !isTaken) {
-        add("ValueNoMachine", true, "the run would be distributed over no machine");
-      }
-    } else if (&Section() == &kSolidCoolSection && missing("Flag3DSolidCoolingChannel")) {
-      add("Flag3DSolidCoolingChannel", false, "the flow solver would not run first");
+    for (const Needed& needed : kNeeded) {
+      if (needed.section == &Section()) CheckKey(needed.key, needed.isGrave, needed.consequence);
+    }
+    if (&Section() == &kTaskManagerSection && facts_.IsSharedMemory()) {
+      CheckKey("ValueLocalNoTask", false, "the run would be shared-memory parallel");
     }
   }
 
  private:
   [[nodiscard]] const CmxSection& Section() const { return *reading_.section; }
+
+  void CheckKey(std::string_view key, bool grave, const std::string& consequence) {
+    // A count after the blocks is taken into one of them; their own rules speak of it.
+    const bool isThere = std::ranges::any_of(
+        reading_.settings, [&](const SettingLine& setting) { return setting.key == key; });
+    if (isThere || IsKeyTold(found_, key) || AddUnread(key, grave, consequence)) return;
+    const CmxLine& opening = *reading_.openings.back();
+    found_.push_back(
+        Diagnostic("cmx-key-missing", std::string(Section().name) + " holds no " + std::string(key))
+            .Grave(grave)
+            .Because(consequence)
+            .At(LineRange(facts_.File(), opening), opening.whole));
+  }
 
   /// Tells of a missing number that stands in a line which the readers take for something else.
   bool AddUnread(std::string_view key, bool grave, const std::string& consequence) {
@@ -77,11 +78,7 @@ class MissingRules {
       const std::optional<std::string_view> behind = BehindFirstWord(text, key);
       if (setting.role != LineRole::Setting || setting.known != nullptr || !behind) continue;
       const std::string name(key);
-      Diagnostic diagnostic("cmx-key-missing",
-                            name +
-                                (OpensAComment(TrimmedOfInvisible(text)) ? " stands in a comment"
-                                                                         : " stands in a line") +
-                                " that nothing reads");
+      Diagnostic diagnostic("cmx-key-missing", name + " stands in a line that nothing reads");
       const std::string_view number = NumberBehind(*behind);
       const std::string right = name + " = " + std::string(number);
       if (number.empty()) {
@@ -104,6 +101,11 @@ class MissingRules {
 };
 
 }  // namespace
+
+std::string_view NeededKey(const CmxSection& section) {
+  const auto* needed = std::ranges::find(kNeeded, &section, &Needed::section);
+  return needed == std::end(kNeeded) ? "" : needed->key;
+}
 
 std::optional<std::string_view> BehindFirstWord(std::string_view text, std::string_view key) {
   text.remove_prefix(std::min(text.find_first_of(kWordCharacters), text.size()));

@@ -31,6 +31,8 @@ const CmxKey* FindSimilarKey(const CmxSection& section, std::string_view name);
 /// True when a finding about the lines speaks of `key`, by name or as what was meant.
 bool IsKeyTold(const Diagnostics& found, std::string_view key);
 
+/// The key that `section` has to hold; empty for none.
+std::string_view NeededKey(const CmxSection& section);
 /// Keys that are needed and of which nothing found so far speaks.
 void CheckMissingKeys(const CmxFacts& facts, Diagnostics& found);
 /// What stands behind `key` when it is the first word of `text`, after other characters or none.

@@ -168,6 +168,7 @@ bool CheckRunFolder(const CallFacts& call, const RunPlaces& places, Diagnostics&
     AddMissingRunFolder(call, places, found);
     return false;
   }
+  // The folder that is named as the run number is written is the one that was meant.
   const auto told = std::ranges::find(found, "run-number", &Diagnostic::code);
   const std::string asWritten = places.project + "\\Analysis\\Run" + call.Token(kRunNumber);
   if (told != found.end() && call.isShell && KindOf(asWritten) == FileKind::Folder) told->Grave();

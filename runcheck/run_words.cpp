@@ -62,13 +62,11 @@ std::string WrongValue(const CLI::App& app, const std::vector<std::string>& argu
     const std::string name = argument->substr(0, argument->find('='));
     const CLI::Option* option = name.starts_with("--") ? app.get_option_no_throw(name) : nullptr;
     if (option == nullptr || option->get_items_expected_min() == 0) continue;
-    if (*argument == name + "=") return name + " is not followed by its value";
-    if (name == *argument) {
-      ++argument;
-      if (argument == arguments.end() || argument->starts_with("--")) {
-        return name + " is not followed by its value";
-      }
-    }
+    const bool isNext = *argument == name;
+    if (isNext) ++argument;
+    const bool hasValue = isNext ? argument != arguments.end() && !argument->starts_with("--")
+                                 : *argument != name + "=";
+    if (!hasValue) return name + " is not followed by its value";
     if (!seen.insert(name).second) return name + " stands twice";
   }
   return "";

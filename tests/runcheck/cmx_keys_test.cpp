@@ -157,7 +157,7 @@ TEST(CmxKeys, AModeInAnotherSectionIsSaidOnce) {
             "  move it into TASKMANAGER (TASKMANAGER)\n");
 }
 
-/// A line behind "ValueLocalHost = NODE1", and that line as it is.
+/// What is found with these two lines for the storage node.
 std::string WithHosts(const std::string& localHost, const std::string& storageNode) {
   return FoundInShort(Distributed("ValueLocalHost = NODE1", localHost + "\n" + storageNode));
 }
@@ -266,7 +266,7 @@ TEST(CmxKeys, AMissingTaskModeInAComment) {
   for (const char* line : {"#IDTaskMode = 0", "// IDTaskMode = 0", ";IDTaskMode = 0",
                            "' IDTaskMode=0", "<!-- IDTaskMode: 0 -->"}) {
     EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", line)),
-              "error cmx-key-missing 2:1: IDTaskMode stands in a comment that nothing reads: the "
+              "error cmx-key-missing 2:1: IDTaskMode stands in a line that nothing reads: the "
               "run would be distributed\n"
               "  the line is written IDTaskMode = 0 (IDTaskMode = 0)\n")
         << line;
@@ -277,7 +277,7 @@ TEST(CmxKeys, AMissingTaskModeInACommentWithoutItsNumber) {
   for (const char* line : {"# IDTaskMode", "# IDTaskMode is not 1", "# IDTaskMode: -1",
                            "# IDTaskMode of version 2.1", "# IDTaskMode 0.5"}) {
     EXPECT_EQ(FoundInShort(Local("IDTaskMode = 0", line)),
-              "error cmx-key-missing 2:1: IDTaskMode stands in a comment that nothing reads: the "
+              "error cmx-key-missing 2:1: IDTaskMode stands in a line that nothing reads: the "
               "run would be distributed\n"
               "  the line is written IDTaskMode = NUMBER\n")
         << line;
@@ -311,7 +311,7 @@ TEST(CmxKeys, AnUnknownKeyThatMayBeAMissingOne) {
 
 TEST(CmxKeys, AMissingMachineCountInAComment) {
   EXPECT_EQ(FoundInShort(Distributed("ValueNoMachine = 2", "; ValueNoMachine = 2")),
-            "error cmx-key-missing 5:1: ValueNoMachine stands in a comment that nothing reads: the "
+            "error cmx-key-missing 5:1: ValueNoMachine stands in a line that nothing reads: the "
             "run would be distributed over no machine\n"
             "  the line is written ValueNoMachine = 2 (ValueNoMachine = 2)\n");
 }
