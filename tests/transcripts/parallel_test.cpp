@@ -87,21 +87,22 @@ TEST(Transcript, OfATracedDistributedRun) {
   ExpectTranscript("distributed-traced", Traced(scenario));
 }
 
-/// Counts are handed on and logged as they stand; no machine is left out. The working folder has a
-/// letter less than what is found of it, so that a separator stays. The process manager is not
-/// looked for.
+/// Counts are handed on and logged as they stand; no machine is left out, not even one without a
+/// name. The choice of console redirection means nothing. The working folder has a letter less than
+/// what is found of it, so that a separator stays. The process manager is not looked for.
 TEST(Transcript, OfADistributedRunWithOddSettings) {
   const std::string site(kSite);
   Scenario scenario = DmpRun();
   scenario.arguments[1] = site + "\\Home*" + site + "\\Laerm\\Part*Part*3*03";
-  scenario.files = {
-      {site + "\\Laerm\\Part\\Analysis\\Run03\\Part03.cmx",
-       TaskManager("1", "4", "4") +
-           CmxLines(
-               {"<REMOTE_MACHINES>", "ValueNoMachine=03", "ValueStorageNode=NODE1",
-                "ValueShareFolderName=Projects", "ValueParallelWorkingFolder=" + site + "\\L\xE4rm",
-                "ValueMachineSetting=", "1=NODE%s\t04", "2=NODE2\t0\trest", "3=NODE3",
-                "ValueMachineWeighting=", "1=+6e-1", "2=0.3", "3=0.1", "</REMOTE_MACHINES>"})}};
+  scenario.files = {{site + "\\Laerm\\Part\\Analysis\\Run03\\Part03.cmx",
+                     TaskManager("1", "4", "4") +
+                         CmxLines({"<TASKMANAGER>", "ValueConsoleRedirection=1", "</TASKMANAGER>",
+                                   "<REMOTE_MACHINES>", "ValueNoMachine=04",
+                                   "ValueStorageNode=NODE1", "ValueShareFolderName=Projects",
+                                   "ValueParallelWorkingFolder=" + site + "\\L\xE4rm",
+                                   "ValueMachineSetting=", "1=NODE%s\t04", "2=NODE2\t0\trest",
+                                   "3=NODE3", "4=", "ValueMachineWeighting=", "1=+6e-1", "2=0.3",
+                                   "3=0.1", "4=", "</REMOTE_MACHINES>"})}};
   scenario.children = {{.output = {"Unknown option: -d\r\n", "", "solved\r\n"}, .exitCode = 3}};
   ExpectTranscript("distributed-with-odd-settings", scenario);
 }

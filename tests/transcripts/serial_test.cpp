@@ -89,5 +89,12 @@ TEST(Transcript, OfFewTokensAndNoMarker) {
   ExpectTranscript("few-tokens", Traced(scenario));
 }
 
+/// STRESS gets the option of `Reset` twice, and the launcher the home folder of `Reset`.
+TEST(Transcript, OfNoTokens) {
+  Scenario scenario = SerialRun("QvxStress.exe");
+  scenario.arguments[1] = "*";
+  ExpectTranscript("no-tokens", scenario);
+}
+
 }  // namespace
 }  // namespace qvx::test

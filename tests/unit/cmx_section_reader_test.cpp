@@ -86,6 +86,16 @@ TEST(ReadCmxSection, HandsOverTheLinesOfItsSectionOnly) {
             (Settings{"<S>|NULL", "b|2", "</S>|NULL"}));
 }
 
+TEST(ReadCmxSection, LeavesNoLineOfItsSectionOut) {
+  EXPECT_EQ(ReadSettings("<S>\n\n# a=1\n</S>\n-"),
+            (Settings{"<S>|NULL", "|NULL", "#a|1", "</S>|NULL"}));
+}
+
+TEST(ReadCmxSection, EndsAtNoOtherSectionsTag) {
+  EXPECT_EQ(ReadSettings("<S>\n<T>\na=1\n</T>\nb=2\n</S>\n-"),
+            (Settings{"<S>|NULL", "<T>|NULL", "a|1", "</T>|NULL", "b|2", "</S>|NULL"}));
+}
+
 TEST(ReadCmxSection, TakesSpacesFromTheKeyAndFromTheStartOfTheValue) {
   EXPECT_EQ(ReadSettings("<S>\n Ver sion =  1 0 \n\tkey\t=\tv\n</S>\nx"),
             (Settings{"<S>|NULL", "Version|1 0 ", "\tkey\t|\tv", "</S>|NULL"}));
@@ -93,6 +103,7 @@ TEST(ReadCmxSection, TakesSpacesFromTheKeyAndFromTheStartOfTheValue) {
 
 TEST(ReadCmxSection, KnowsATagOnlyAsTheWholeLine) {
   EXPECT_EQ(ReadSettings("<S> \na=1\n <S>\nb=2\n<s>\nc=3\n"), Settings{});
+  EXPECT_EQ(ReadSettings("\xEF\xBB\xBF<S>\na=1\n"), Settings{});
   EXPECT_EQ(ReadSettings("<S>\n</S> \na=1\n</S>\nb=2"),
             (Settings{"<S>|NULL", "</S>|NULL", "a|1", "</S>|NULL"}));
 }

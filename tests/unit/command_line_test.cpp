@@ -67,10 +67,12 @@ TEST(ClassifySolver, LooksForTheWholeTextOfARuleAndNoMore) {
 
 TEST(ClassifySolver, LetsTheEarlierRuleDecide) {
   EXPECT_EQ(ClassLineOf("Qvx3DFlowCool.exe"), "SolverClass=FLOW");
+  EXPECT_EQ(ClassLineOf("PackFlow.exe"), "SolverClass=SHELLFLOW");
   EXPECT_EQ(ClassLineOf("CoolPack.exe"), "SolverClass=SHELLPACK");
   EXPECT_EQ(ClassLineOf("WarpCool.exe"), "SolverClass=SHELLCOOL");
   EXPECT_EQ(ClassLineOf("StressWarp.exe"), "SolverClass=SHELLWARP");
   EXPECT_EQ(ClassLineOf("qvx3dicStress.exe"), "SolverClass=STRESS");
+  EXPECT_EQ(ClassLineOf("qvx3dicpsStress.exe"), "SolverClass=STRESS");
   EXPECT_EQ(ClassLineOf("QVX3DICOptics.exe"), "SolverClass=WS");
   EXPECT_EQ(ClassLineOf("StressOptics.exe"), "SolverClass=STRESS");
   EXPECT_EQ(ClassLineOf("icfake.exe"), "SolverClass=IC");
@@ -79,6 +81,16 @@ TEST(ClassifySolver, LetsTheEarlierRuleDecide) {
 TEST(ClassifySolver, LooksFor3dAnywhereInTheName) {
   EXPECT_EQ(ClassLineOf("FLOWx3D.exe"), "SolverClass=FLOW");
   EXPECT_EQ(ClassLineOf("warp.3d"), "SolverClass=WARP");
+}
+
+TEST(ClassifySolver, KnowsTheOtherFamiliesIn3dToo) {
+  EXPECT_EQ(ClassLineOf("Qvx3DStress.exe"), "SolverClass=STRESS");
+  EXPECT_EQ(ClassLineOf("Qvx3DOptics.exe"), "SolverClass=OPTICS");
+  EXPECT_EQ(ClassLineOf("Fake3D.exe"), "SolverClass=FLOW");
+}
+
+TEST(ClassifySolver, LooksAtTheFolderInFrontOfANameToo) {
+  EXPECT_EQ(ClassLineOf("Cool\\Qvx3D.exe"), "SolverClass=COOL");
 }
 
 TEST(ClassifySolver, RunsAnUnknownNameAsFlowWithoutALine) {
@@ -120,6 +132,7 @@ TEST(MoldingType, IsTheNumberBehindTheMarker) {
   EXPECT_EQ(moldingType("launcher$12345678"), 1234567);
   EXPECT_EQ(moldingType("a$ -2$9"), -2);
   EXPECT_EQ(moldingType("C:\\$5\\L.exe$3"), 5);
+  EXPECT_EQ(moldingType("L.exe*h$4*p"), 4);
   EXPECT_EQ(moldingType("a$x"), 0);
   EXPECT_EQ(moldingType("a$"), 0);
 }
@@ -135,9 +148,9 @@ TEST(MoldingType, IsMinusOneWithoutAMarker) {
             "SolverClass=FLOW\nParse argv[1]=[h]\nh\n");
 }
 
-TEST(SolverExecutable, IsTheThirdArgumentInItsOwnLetterCase) {
-  EXPECT_STREQ(Interpret({"L", "h", "Qvx3DFLOW.exe", "x"}).context->solverExecutableName,
-               "Qvx3DFLOW.exe");
+TEST(SolverExecutable, IsTheThirdArgumentInItsOwnLetterCaseWithItsBlanks) {
+  EXPECT_STREQ(Interpret({"L", "h", " Qvx3DFLOW.exe ", "x"}).context->solverExecutableName,
+               " Qvx3DFLOW.exe ");
 }
 
 TEST(SolverExecutable, IsTheTokenListWhenThereAreTwoArguments) {
@@ -225,6 +238,10 @@ TEST(Tokens, ThatAreMissingGiveStressTheOptionOfReset) {
   EXPECT_EQ(context->warpArgument.secondOptionValue, 0);
 }
 
+TEST(Tokens, GiveAnOptionBelowZero) {
+  EXPECT_EQ(Interpret({"L", "h*p*n*-2*1", "Qvx3DCool.exe"}).context->coolArgument.optionValue, -2);
+}
+
 TEST(Tokens, ThatAreNoNumbersGiveAnOptionOfZero) {
   EXPECT_EQ(Interpret({"L", "h*p*n*x*1", "Qvx3DCool.exe"}).context->coolArgument.optionValue, 0);
   EXPECT_EQ(Interpret({"L", "h*p*n* 7x*1", "Qvx3DWarp.exe"}).context->warpArgument.optionValue, 7);
@@ -285,6 +302,7 @@ TEST(Tokens, GiveAShellRunAtLeastTwoDigits) {
   EXPECT_EQ(runNumber("7"), "07");
   EXPECT_EQ(runNumber("123"), "123");
   EXPECT_EQ(runNumber("x"), "00");
+  EXPECT_EQ(runNumber("-3"), "-3");
 }
 
 TEST(Tokens, FillTheOtherShellRecords) {
@@ -304,9 +322,12 @@ TEST(Tokens, FillTheRecordsWithoutOptions) {
 }
 
 TEST(Tokens, ArePartedByStarsAlone) {
-  const Interpreted result = Interpret({"L$1", " C:\\My Home;x|y\t*p", "Qvx3DFlow.exe"});
+  const Interpreted result =
+      Interpret({"L$1", " C:\\My Home;x|y\t* p * n * 3 * 7 ", "Qvx3DFlow.exe"});
   EXPECT_STREQ(result.context->homeFolder, " C:\\My Home;x|y\t");
-  EXPECT_STREQ(result.context->flowArgument.projectDirectory, "p");
+  EXPECT_STREQ(result.context->flowArgument.projectDirectory, " p ");
+  EXPECT_STREQ(result.context->flowArgument.projectName, " n ");
+  EXPECT_STREQ(result.context->flowArgument.runNumber, " 7 ");
 }
 
 TEST(Tokens, AreNeverEmpty) {

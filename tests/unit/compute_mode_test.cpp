@@ -27,7 +27,7 @@ struct DecidedComputeMode : testing::Test {
 
 TEST_F(DecidedComputeMode, IsSerialForOneLocalTaskExactly) {
   EXPECT_EQ(Decide(SolverClass::Flow, "0", "1"), ComputeMode::Serial);
-  for (const char* tasks : {"", "4", "10", "01", "1 ", "NULL"}) {
+  for (const char* tasks : {"", "0", "4", "10", "01", "1 ", "NULL"}) {
     EXPECT_EQ(Decide(SolverClass::Flow, "0", tasks), ComputeMode::Smp) << tasks;
   }
 }

@@ -35,6 +35,11 @@ TEST(SolidCoolSettings, ReadTheFlagWithEverySpaceRemoved) {
   EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=1"), 1);
   EXPECT_EQ(CoolingChannelOf(" Flag 3D SolidCoolingChannel = 1 2 "), 12);
   EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=2"), 2);
+  EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=+1, yes"), 1);
+}
+
+TEST(SolidCoolSettings, TakeTheLaterOfTwoFlags) {
+  EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=1\nFlag3DSolidCoolingChannel=0"), 0);
 }
 
 TEST(SolidCoolSettings, AreZeroForTextOtherKeysAndAKeyWithoutValue) {

@@ -44,6 +44,15 @@ TEST(BuildCurrentRunPath, IsTheRunFolderInEveryClass) {
   }
 }
 
+TEST(Locations, TakeTheProjectDirectoryAsItStands) {
+  const auto context = ContextOf(SolverClass::Flow);
+  CopyText(context->flowArgument.projectDirectory, "", "D:\\Proj\\");
+  BuildCmxPath(*context);
+  BuildCurrentRunPath(*context);
+  EXPECT_STREQ(context->cmxPath, "D:\\Proj\\\\Analysis\\Run03\\Part03.cmx");
+  EXPECT_STREQ(context->currentRunPath, "D:\\Proj\\\\Analysis\\Run03");
+}
+
 TEST(Locations, AreTraced) {
   const auto context = ContextOf(SolverClass::Flow);
   const auto build = [&] {

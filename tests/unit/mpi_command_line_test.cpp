@@ -28,6 +28,13 @@ TEST(HostsList, NamesEveryMachineWithItsTasksAndABlankBehindEachWord) {
   EXPECT_EQ(HostsList(settings), "-hosts 2 nodeA 4 nodeB 2 ");
 }
 
+TEST(HostsList, TakesAMachineWithoutAName) {
+  RemoteMachineSettings settings;
+  CopyText(settings.ValueNoMachine, "", "1");
+  settings.machines = {Machine("", "NULL")};
+  EXPECT_EQ(HostsList(settings), "-hosts 1  NULL ");
+}
+
 TEST(HostsList, TakesACountThatIsNoNumberAsItStands) {
   RemoteMachineSettings settings;
   for (const char* count : {"0", "-1", "two", ""}) {

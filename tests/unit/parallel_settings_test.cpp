@@ -117,6 +117,7 @@ TEST_F(ParallelSettings, WeightsHaveTheirFullPrecision) {
 TEST_F(ParallelSettings, ASharedMemoryRunOfOneTaskHasAWeightToo) {
   SetTasks("1");
   Prepare(SolverClass::Flow, ComputeMode::Smp);
+  EXPECT_EQ(context.flowArgument.parallelMode, 1);
   EXPECT_EQ(WeightsOf(context.flowArgument), std::vector<double>{1});
 }
 
@@ -143,11 +144,25 @@ TEST_F(ParallelSettings, DistributedRunsSpreadEachMachinesWeightingOverItsTasks)
   }
 }
 
+TEST_F(ParallelSettings, ADistributedRunMayHaveASingleMachine) {
+  AddMachine("1", "0.5");
+  Prepare(SolverClass::Flow, ComputeMode::Dmp);
+  EXPECT_EQ(context.flowArgument.parallelMode, 2);
+  EXPECT_EQ(WeightsOf(context.flowArgument), std::vector<double>{0.5});
+}
+
 TEST_F(ParallelSettings, WeightingsAreNotNormalised) {
   AddMachine("1", "2");
   AddMachine("2", "7");
   Prepare(SolverClass::Flow, ComputeMode::Dmp);
   EXPECT_EQ(WeightsOf(context.flowArgument), (std::vector<double>{2, 3.5, 3.5}));
+}
+
+TEST_F(ParallelSettings, AWeightingBelowZeroStands) {
+  AddMachine("2", "-0.5");
+  AddMachine("1", "1.5");
+  Prepare(SolverClass::Flow, ComputeMode::Dmp);
+  EXPECT_EQ(WeightsOf(context.flowArgument), (std::vector<double>{-0.25, -0.25, 1.5}));
 }
 
 TEST_F(ParallelSettings, MachinesWithoutATaskCountHaveNoWeights) {
@@ -226,10 +241,15 @@ TEST_F(ParallelSettings, AProjectThatIsTheWorkingFolderLeavesTheShareAlone) {
 
 TEST_F(ParallelSettings, AProjectOutsideTheWorkingFolderStandsWholeBehindTheShare) {
   EXPECT_EQ(SharedProject("E:\\Other\\P1", "D:\\Work"), "\\\\srv\\sh\\e:\\other\\p1");
+  EXPECT_EQ(SharedProject("\\\\srv\\sh\\P1", "D:\\Work"), "\\\\srv\\sh\\\\\\srv\\sh\\p1");
 }
 
 TEST_F(ParallelSettings, TheFirstOccurrenceOfTheWorkingFolderIsCutWhereverItStands) {
   EXPECT_EQ(SharedProject("D:\\Data\\Work\\Work\\P1", "Work"), "\\\\srv\\sh\\work\\p1");
+}
+
+TEST_F(ParallelSettings, AWorkingFolderIsCutFromTheMiddleOfALongerFoldersNameToo) {
+  EXPECT_EQ(SharedProject("D:\\Workshop\\P1", "D:\\Work"), "\\\\srv\\sh\\hop\\p1");
 }
 
 TEST_F(ParallelSettings, AnEmptyWorkingFolderStillTakesTheSeparatorsPlace) {
@@ -258,9 +278,9 @@ TEST_F(ParallelSettings, OnlyTheFlowRecordTracesItsFolders) {
 
 TEST_F(ParallelSettings, CoolingAndWarpageRecordsTakeThePreviousShotInEveryMode) {
   MultiShotSettings& shot = context.multiShotSettings;
-  shot.FlagPrevShot = 1;
+  shot.FlagPrevShot = 2;
   shot.ValueShotRunID = 3;
-  CopyText(shot.ValueShotProjectPath, "", "D:\\Shot 1");
+  CopyText(shot.ValueShotProjectPath, "", "D:\\Shot 1\\");
   CopyText(shot.ValueShotProjectName, "", "First");
   for (const ComputeMode mode : kModes) {
     for (const SolverClass solverClass :
@@ -270,8 +290,8 @@ TEST_F(ParallelSettings, CoolingAndWarpageRecordsTakeThePreviousShotInEveryMode)
                                     : context.warpArgument;
       record = {};
       Prepare(solverClass, mode);
-      EXPECT_EQ(record.previousShotFlag, 1);
-      EXPECT_STREQ(record.previousShotProjectPath, "D:\\Shot 1");
+      EXPECT_EQ(record.previousShotFlag, 2);
+      EXPECT_STREQ(record.previousShotProjectPath, "D:\\Shot 1\\");
       EXPECT_STREQ(record.previousShotRunId, "03");
       EXPECT_STREQ(record.previousShotProjectName, "First");
     }

@@ -62,6 +62,9 @@ TEST(RemoteMachineSettings, TakeTheLocalHostAsStorageNodeWhenThereIsNone) {
   RemoteMachineSettings both;
   ReadFile("<REMOTE_MACHINES>\nValueLocalHost=me\nValueStorageNode=N\n</REMOTE_MACHINES>\n", both);
   EXPECT_STREQ(both.ValueStorageNode, "N");
+  RemoteMachineSettings withoutValue;
+  ReadFile("<REMOTE_MACHINES>\nValueLocalHost=me\nValueStorageNode\n-", withoutValue);
+  EXPECT_STREQ(withoutValue.ValueStorageNode, "NULL");
   RemoteMachineSettings neither;
   ReadFile("", neither);
   EXPECT_STREQ(neither.ValueStorageNode, "");
@@ -129,6 +132,12 @@ TEST(MachineBlock, ConsumesTheClosingTagWhichStillClosesTheSectionAndGoesOnInThe
 TEST(MachineBlock, CountsOnWhenItOpensAgainAndIgnoresWhatIsPastTheList) {
   EXPECT_EQ(MachinesOf(std::string(kTwoMachines) + "ValueMachineSetting\n3=past\t9\nValueMap=x\n"),
             "[0]nodeA\t:4\t\n[1]nodeB\t:2\t\n");
+}
+
+TEST(MachineBlock, CountsOnBehindASecondCountOfMachines) {
+  EXPECT_EQ(
+      MachinesOf(std::string(kTwoMachines) + "ValueNoMachine=3\nValueMachineSetting\n3=c\t1\n"),
+      "[0]\t:\t\n[1]\t:\t\n[2]c\t:1\t\n");
 }
 
 TEST(MachineBlock, BeforeTheCountIsIgnoredAndConsumesTheCountToo) {

@@ -114,7 +114,7 @@ TEST(TaskManagerSettings, TakeNoNoticeOfALongValueWhoseKeyTheyDoNotKnow) {
 
 TEST(IsDistributed, HoldsForEveryTaskModeButZero) {
   EXPECT_FALSE(IsDistributed(ReadLines("IDTaskMode=0\n")));
-  for (const char* mode : {"1", "00", "", "0 "}) {
+  for (const char* mode : {"1", "00", "", "0 ", "NULL"}) {
     EXPECT_TRUE(IsDistributed(ReadLines(std::string("IDTaskMode=") + mode + "\n"))) << mode;
   }
   EXPECT_TRUE(IsDistributed(TaskManagerSettings()));

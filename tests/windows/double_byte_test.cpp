@@ -10,6 +10,7 @@
 #include "execution/mpi_configuration.h"
 #include "launcher/command_line.h"
 #include "platform/qvx_unicode_tool.h"
+#include "support/trailing_backslash.h"
 #include "tests/support/machine_state.h"
 
 namespace qvx {
@@ -35,6 +36,12 @@ TEST(DoubleByte, HomeFolderKeepsItsLastLetterAndLosesItsSeparator) {
   EXPECT_EQ(HomeFolderOf(kFolder), kFolder);
   EXPECT_EQ(HomeFolderOf(kFolder + "\\"), kFolder);
   EXPECT_EQ(HomeFolderOf(kFolder + "\\\\"), kFolder + "\\");
+}
+
+TEST(DoubleByte, HalfALetterAtTheEndDoesNotLeadBehindIt) {
+  char text[] = "C:\x83\0\\";
+  RemoveTrailingBackslash(text);
+  EXPECT_EQ(text[4], '\\');
 }
 
 TEST(DoubleByte, HalfALetterIsNotConverted) {
