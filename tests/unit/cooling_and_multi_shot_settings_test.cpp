@@ -73,6 +73,20 @@ TEST(MultiShotSettings, HoldTheWordNullOrZeroForKeysWithoutValues) {
   EXPECT_EQ(record.FlagPrevShot, 0);
 }
 
+TEST(MultiShotSettings, AreReadEachForItself) {
+  const MultiShotSettings record = MultiShotOf("ValueShotRunID=-5\nValueShotProjectName=N\n");
+  EXPECT_EQ(record.ValueShotRunID, -5);
+  EXPECT_STREQ(record.ValueShotProjectName, "N");
+  EXPECT_STREQ(MultiShotOf("ValueShotProjectPath\n").ValueShotProjectPath, "NULL");
+}
+
+TEST(MultiShotSettings, TakeTheLaterOfTwoValuesAsItStands) {
+  const MultiShotSettings record = MultiShotOf(
+      "FlagPrevShot=1\nFlagPrevShot=2\nValueShotProjectPath=a\nValueShotProjectPath=b\\\n");
+  EXPECT_EQ(record.FlagPrevShot, 2);
+  EXPECT_STREQ(record.ValueShotProjectPath, "b\\");
+}
+
 TEST(MultiShotSettings, DoNotKnowKeysInAnotherLetterCase) {
   EXPECT_EQ(MultiShotOf("flagPrevShot=1\n").FlagPrevShot, 0);
 }
