@@ -316,9 +316,9 @@ TEST(Tokens, GiveAShellRunAtLeastTwoDigits) {
 }
 
 TEST(Tokens, FillTheOtherShellRecords) {
-  const Interpreted result = Interpret({"L$1*h*p*n*5*6*x", "-", "QvxWarp.exe"});
+  const Interpreted result = Interpret({"*L$1*h*p*n*5*6* x ", "-", "QvxWarp.exe"});
   EXPECT_EQ(result.context->shellWarpArgument.optionValue, 5);
-  EXPECT_STREQ(result.context->shellWarpArgument.extraTexts[0], "x");
+  EXPECT_STREQ(result.context->shellWarpArgument.extraTexts[0], " x ");
   EXPECT_STREQ(result.context->shellWarpArgument.extraTexts[1], "");
 }
 

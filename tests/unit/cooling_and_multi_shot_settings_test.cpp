@@ -44,6 +44,7 @@ TEST(SolidCoolSettings, TakeTheLaterOfTwoFlags) {
 
 TEST(SolidCoolSettings, AreZeroForTextOtherKeysAndAKeyWithoutValue) {
   EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=yes"), 0);
+  EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=true"), 0);
   EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel"), 0);
   EXPECT_EQ(CoolingChannelOf("flag3DSolidCoolingChannel=1"), 0);
 }

@@ -127,12 +127,12 @@ TEST(MachineBlock, TakesOnlyTheSpacesInFrontOfTheHostNameAway) {
 }
 
 TEST(MachineBlock, TakesEveryLineWhateverItHolds) {
-  EXPECT_EQ(MachinesOf("ValueNoMachine=4 \nValueMachineSetting\n\n=\\\\a\t4\n3=\\\\a\t\t4\n4=\n"),
-            "[0]NULL\t:NULL\t\n[1]\\\\a\t:4\t\n[2]\\\\a\t:\t\n[3]\t:NULL\t\n");
+  EXPECT_EQ(MachinesOf("ValueNoMachine=4 \nValueMachineSetting\n\n=\\\\a\t4\n3=a.b\t\t4\n4=\n"),
+            "[0]NULL\t:NULL\t\n[1]\\\\a\t:4\t\n[2]a.b\t:\t\n[3]\t:NULL\t\n");
 }
 
 TEST(MachineBlock, OpensWithBlanksInItsKeyWhateverItsValue) {
-  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValue Machine Setting = x\n1=a\t1\n"), "[0]a\t:1\t\n");
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValue Machine Setting = 0\n1=a\t1\n"), "[0]a\t:1\t\n");
 }
 
 TEST(MachineBlock, ConsumesLinesThatLookLikeSettingsAndTags) {
@@ -169,7 +169,7 @@ TEST(WeightingBlock, CutsTheWeightingAtItsFirstSpace) {
 }
 
 TEST(WeightingBlock, KeepsATabOfTheWeighting) {
-  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineWeighting\n1=1.5\tx y\n"),
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineWeighting=0\n1=1.5\tx y\n"),
             "[0]\t:\t1.5\tx\n");
 }
 
