@@ -23,9 +23,27 @@ TEST(Transcript, OfAShellFlowRun) {
   ExpectTranscript("shell-flow", Traced(ShellRun("QvxFlow.exe")));
 }
 
-TEST(Transcript, OfAShellPackRun) { ExpectTranscript("shell-pack", ShellRun("QvxPack.exe")); }
-TEST(Transcript, OfAShellCoolingRun) { ExpectTranscript("shell-cooling", ShellRun("QvxCool.exe")); }
-TEST(Transcript, OfAShellWarpageRun) { ExpectTranscript("shell-warpage", ShellRun("QvxWarp.exe")); }
+/// The second argument may be empty.
+TEST(Transcript, OfAShellPackRun) {
+  Scenario scenario = ShellRun("QvxPack.exe");
+  scenario.arguments[1] = "";
+  ExpectTranscript("shell-pack", scenario);
+}
+
+/// No argument asks for help.
+TEST(Transcript, OfAShellCoolingRun) {
+  Scenario scenario = ShellRun("QvxCool.exe");
+  scenario.arguments[1] = "/?";
+  ExpectTranscript("shell-cooling", scenario);
+}
+
+/// More arguments than three are no error.
+TEST(Transcript, OfAShellWarpageRun) {
+  Scenario scenario = ShellRun("QvxWarp.exe");
+  scenario.arguments.push_back("more");
+  ExpectTranscript("shell-warpage", scenario);
+}
+
 TEST(Transcript, OfAPackRun) { ExpectTranscript("pack", SerialRun("Qvx3DPack.exe")); }
 TEST(Transcript, OfAnIcRun) { ExpectTranscript("ic", AlwaysSerial("Ic.exe")); }
 TEST(Transcript, OfAWsRun) { ExpectTranscript("ws", AlwaysSerial("Qvx3DIc.exe")); }

@@ -87,8 +87,8 @@ TEST(ReadCmxSection, HandsOverTheLinesOfItsSectionOnly) {
 }
 
 TEST(ReadCmxSection, LeavesNoLineOfItsSectionOut) {
-  EXPECT_EQ(ReadSettings("<S>\n\n# a=1\n</S>\n-"),
-            (Settings{"<S>|NULL", "|NULL", "#a|1", "</S>|NULL"}));
+  EXPECT_EQ(ReadSettings("<S>\n\n# a=1\n; b=2\n// c=3\n</S>\n-"),
+            (Settings{"<S>|NULL", "|NULL", "#a|1", ";b|2", "//c|3", "</S>|NULL"}));
 }
 
 TEST(ReadCmxSection, EndsAtNoOtherSectionsTag) {
@@ -101,11 +101,20 @@ TEST(ReadCmxSection, TakesSpacesFromTheKeyAndFromTheStartOfTheValue) {
             (Settings{"<S>|NULL", "Version|1 0 ", "\tkey\t|\tv", "</S>|NULL"}));
 }
 
+TEST(ReadCmxSection, KnowsNeitherQuotesNorCommentsNorOtherSeparators) {
+  EXPECT_EQ(ReadSettings("<S>\na=\"1\"\t\nb=2;#2\nc:3\nd=NULL\n\xA0"
+                         "e=\n</S>\nx"),
+            (Settings{"<S>|NULL", "a|\"1\"\t", "b|2;#2", "c:3|NULL", "d|NULL",
+                      "\xA0"
+                      "e|",
+                      "</S>|NULL"}));
+}
+
 TEST(ReadCmxSection, KnowsATagOnlyAsTheWholeLine) {
   EXPECT_EQ(ReadSettings("<S> \na=1\n <S>\nb=2\n<s>\nc=3\n"), Settings{});
   EXPECT_EQ(ReadSettings("\xEF\xBB\xBF<S>\na=1\n"), Settings{});
-  EXPECT_EQ(ReadSettings("<S>\n</S> \na=1\n</S>\nb=2"),
-            (Settings{"<S>|NULL", "</S>|NULL", "a|1", "</S>|NULL"}));
+  EXPECT_EQ(ReadSettings("<S>\n</S> \n </S>\n</s>\na=1\n</S>\nb=2"),
+            (Settings{"<S>|NULL", "</S>|NULL", "</S>|NULL", "</s>|NULL", "a|1", "</S>|NULL"}));
 }
 
 TEST(ReadCmxSection, ReadsTheSectionAgainWheneverItComes) {

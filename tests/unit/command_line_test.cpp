@@ -81,6 +81,7 @@ TEST(ClassifySolver, LetsTheEarlierRuleDecide) {
 TEST(ClassifySolver, LooksFor3dAnywhereInTheName) {
   EXPECT_EQ(ClassLineOf("FLOWx3D.exe"), "SolverClass=FLOW");
   EXPECT_EQ(ClassLineOf("warp.3d"), "SolverClass=WARP");
+  EXPECT_EQ(ClassLineOf("3d.warp"), "SolverClass=WARP");
 }
 
 TEST(ClassifySolver, KnowsTheOtherFamiliesIn3dToo) {
@@ -91,6 +92,7 @@ TEST(ClassifySolver, KnowsTheOtherFamiliesIn3dToo) {
 
 TEST(ClassifySolver, LooksAtTheFolderInFrontOfANameToo) {
   EXPECT_EQ(ClassLineOf("Cool\\Qvx3D.exe"), "SolverClass=COOL");
+  EXPECT_EQ(ClassLineOf("3D\\QvxCool.exe"), "SolverClass=COOL");
 }
 
 TEST(ClassifySolver, RunsAnUnknownNameAsFlowWithoutALine) {
@@ -133,6 +135,7 @@ TEST(MoldingType, IsTheNumberBehindTheMarker) {
   EXPECT_EQ(moldingType("a$ -2$9"), -2);
   EXPECT_EQ(moldingType("C:\\$5\\L.exe$3"), 5);
   EXPECT_EQ(moldingType("L.exe*h$4*p"), 4);
+  EXPECT_EQ(moldingType("$6"), 6);
   EXPECT_EQ(moldingType("a$x"), 0);
   EXPECT_EQ(moldingType("a$"), 0);
 }
@@ -151,6 +154,12 @@ TEST(MoldingType, IsMinusOneWithoutAMarker) {
 TEST(SolverExecutable, IsTheThirdArgumentInItsOwnLetterCaseWithItsBlanks) {
   EXPECT_STREQ(Interpret({"L", "h", " Qvx3DFLOW.exe ", "x"}).context->solverExecutableName,
                " Qvx3DFLOW.exe ");
+}
+
+TEST(SolverExecutable, IsTheThirdArgumentAsItStands) {
+  for (const char* solver : {"", "\"Qvx3D Flow.exe\"", "Qvx3DFlow"}) {
+    EXPECT_STREQ(Interpret({"L", "h", solver}).context->solverExecutableName, solver);
+  }
 }
 
 TEST(SolverExecutable, IsTheTokenListWhenThereAreTwoArguments) {
@@ -301,14 +310,15 @@ TEST(Tokens, GiveAShellRunAtLeastTwoDigits) {
   };
   EXPECT_EQ(runNumber("7"), "07");
   EXPECT_EQ(runNumber("123"), "123");
+  EXPECT_EQ(runNumber("007"), "07");
   EXPECT_EQ(runNumber("x"), "00");
   EXPECT_EQ(runNumber("-3"), "-3");
 }
 
 TEST(Tokens, FillTheOtherShellRecords) {
-  const Interpreted result = Interpret({"L$1*h*p*n*5*6*x", "-", "QvxWarp.exe"});
+  const Interpreted result = Interpret({"*L$1*h*p*n*5*6* x ", "-", "QvxWarp.exe"});
   EXPECT_EQ(result.context->shellWarpArgument.optionValue, 5);
-  EXPECT_STREQ(result.context->shellWarpArgument.extraTexts[0], "x");
+  EXPECT_STREQ(result.context->shellWarpArgument.extraTexts[0], " x ");
   EXPECT_STREQ(result.context->shellWarpArgument.extraTexts[1], "");
 }
 
@@ -328,6 +338,14 @@ TEST(Tokens, ArePartedByStarsAlone) {
   EXPECT_STREQ(result.context->flowArgument.projectDirectory, " p ");
   EXPECT_STREQ(result.context->flowArgument.projectName, " n ");
   EXPECT_STREQ(result.context->flowArgument.runNumber, " 7 ");
+}
+
+TEST(Tokens, AreTakenLetterForLetter) {
+  const Interpreted result = Interpret({"L$1", "\"C:/Q\"*\"D:/P/\"*NULL*0*Run", "Qvx3DFlow.exe"});
+  EXPECT_STREQ(result.context->homeFolder, "\"C:/Q\"");
+  EXPECT_STREQ(result.context->flowArgument.projectDirectory, "\"D:/P/\"");
+  EXPECT_STREQ(result.context->flowArgument.projectName, "NULL");
+  EXPECT_STREQ(result.context->flowArgument.runNumber, "Run");
 }
 
 TEST(Tokens, AreNeverEmpty) {

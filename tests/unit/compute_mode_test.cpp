@@ -43,6 +43,11 @@ TEST_F(DecidedComputeMode, IsDistributedForEveryTaskModeButZero) {
   }
 }
 
+TEST_F(DecidedComputeMode, IsDistributedOnASingleMachineToo) {
+  context.remoteMachineSettings.machines.resize(1);
+  EXPECT_EQ(Decide(SolverClass::Flow, "1", "1"), ComputeMode::Dmp);
+}
+
 TEST_F(DecidedComputeMode, IsTraced) {
   context.debugTraceFlag = 1;
   Decide(SolverClass::Pack, "0", "1");

@@ -74,6 +74,14 @@ TEST_F(ConformalCooling, IsReadForANumberThatNamesNoFamily) {
   EXPECT_EQ(context.conformalCoolingFlag, 1);
 }
 
+TEST_F(ConformalCooling, TakesTheFlowSolverOfTheBinFolderItself) {
+  CopyText(context.solverExecutableName, "", "Sub\\Qvx3DCool.exe");
+  BeginFlowPass(context);
+  EXPECT_STREQ(context.solverExecutableName, "Qvx3DFlow.exe");
+  BeginCoolPass(context);
+  EXPECT_STREQ(context.solverExecutableName, "Sub\\Qvx3DCool.exe");
+}
+
 struct CoolToFlowCopy : testing::Test {
   void Copy() { EXPECT_EQ(CopyCoolArgumentToFlowArgument(context), 0); }
 

@@ -44,6 +44,7 @@ TEST(SolidCoolSettings, TakeTheLaterOfTwoFlags) {
 
 TEST(SolidCoolSettings, AreZeroForTextOtherKeysAndAKeyWithoutValue) {
   EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=yes"), 0);
+  EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel=true"), 0);
   EXPECT_EQ(CoolingChannelOf("Flag3DSolidCoolingChannel"), 0);
   EXPECT_EQ(CoolingChannelOf("flag3DSolidCoolingChannel=1"), 0);
 }
@@ -71,6 +72,20 @@ TEST(MultiShotSettings, HoldTheWordNullOrZeroForKeysWithoutValues) {
   const MultiShotSettings record = MultiShotOf("Version\nFlagPrevShot=1\nFlagPrevShot\n");
   EXPECT_STREQ(record.Version, "NULL");
   EXPECT_EQ(record.FlagPrevShot, 0);
+}
+
+TEST(MultiShotSettings, AreReadEachForItself) {
+  const MultiShotSettings record = MultiShotOf("ValueShotRunID=-5\nValueShotProjectName=N\n");
+  EXPECT_EQ(record.ValueShotRunID, -5);
+  EXPECT_STREQ(record.ValueShotProjectName, "N");
+  EXPECT_STREQ(MultiShotOf("ValueShotProjectPath\n").ValueShotProjectPath, "NULL");
+}
+
+TEST(MultiShotSettings, TakeTheLaterOfTwoValuesAsItStands) {
+  const MultiShotSettings record = MultiShotOf(
+      "FlagPrevShot=1\nFlagPrevShot=2\nValueShotProjectPath=a\nValueShotProjectPath=b\\\n");
+  EXPECT_EQ(record.FlagPrevShot, 2);
+  EXPECT_STREQ(record.ValueShotProjectPath, "b\\");
 }
 
 TEST(MultiShotSettings, DoNotKnowKeysInAnotherLetterCase) {

@@ -53,6 +53,15 @@ TEST(Locations, TakeTheProjectDirectoryAsItStands) {
   EXPECT_STREQ(context->currentRunPath, "D:\\Proj\\\\Analysis\\Run03");
 }
 
+TEST(Locations, TakeTheRunNumberAsItStands) {
+  const auto context = ContextOf(SolverClass::Flow);
+  CopyText(context->flowArgument.runNumber, "", "3");
+  BuildCmxPath(*context);
+  BuildCurrentRunPath(*context);
+  EXPECT_STREQ(context->cmxPath, "D:\\Proj\\Analysis\\Run3\\Part3.cmx");
+  EXPECT_STREQ(context->currentRunPath, "D:\\Proj\\Analysis\\Run3");
+}
+
 TEST(Locations, AreTraced) {
   const auto context = ContextOf(SolverClass::Flow);
   const auto build = [&] {
@@ -134,6 +143,16 @@ TEST_F(RemoteHomePath, LeadsToTheStorageNodeInADistributedRun) {
     EXPECT_STREQ(context->remoteHomePath, "\\\\NODE1\\QvxShare");
     EXPECT_EQ(context->remoteMachineSettings.machines.size(), 1U);
   }
+}
+
+TEST_F(RemoteHomePath, TakesStorageNodeAndShareAsTheyStand) {
+  const auto context = ContextOf(SolverClass::Flow);
+  CopyText(context->homeFolder, "", "D:\\Home");
+  CopyText(context->cmxPath, "",
+           folder_.Write("run.cmx", "<REMOTE_MACHINES>\nValueLocalHost=\\\\me\n"));
+  CopyText(context->parallelFolderName, "", "\\Share");
+  BuildRemoteHomePath(*context);
+  EXPECT_STREQ(context->remoteHomePath, "\\\\\\\\me\\\\Share");
 }
 
 TEST_F(RemoteHomePath, IsTracedBeforeTheSettings) {

@@ -13,6 +13,8 @@ TEST(ParseInteger, ReadsLeadingDigitsAndIgnoresTheRest) {
   EXPECT_EQ(ParseInteger("+7"), 7);
   EXPECT_EQ(ParseInteger("3.9"), 3);
   EXPECT_EQ(ParseInteger("0x10"), 0);
+  EXPECT_EQ(ParseInteger("1e3"), 1);
+  EXPECT_EQ(ParseInteger("2,000 000"), 2);
 }
 
 TEST(ParseInteger, GivesZeroForTextThatIsNoNumber) {
@@ -30,6 +32,7 @@ TEST(ParseDecimal, ReadsFractionsAndGivesZeroForOtherText) {
   EXPECT_EQ(ParseDecimal("0.6"), 0.6);
   EXPECT_EQ(ParseDecimal("-2.5e1 x"), -25.0);
   EXPECT_EQ(ParseDecimal(" \t+.5E+1"), 5.0);
+  EXPECT_EQ(ParseDecimal("0,5"), 0.0);
   EXPECT_EQ(ParseDecimal("NULL"), 0.0);
   EXPECT_EQ(ParseDecimal(""), 0.0);
 }

@@ -65,9 +65,22 @@ TEST(RemoteMachineSettings, TakeTheLocalHostAsStorageNodeWhenThereIsNone) {
   RemoteMachineSettings withoutValue;
   ReadFile("<REMOTE_MACHINES>\nValueLocalHost=me\nValueStorageNode\n-", withoutValue);
   EXPECT_STREQ(withoutValue.ValueStorageNode, "NULL");
+  RemoteMachineSettings emptyNode;
+  ReadFile("<REMOTE_MACHINES>\nValueStorageNode=\nValueLocalHost\n-", emptyNode);
+  EXPECT_STREQ(emptyNode.ValueStorageNode, "NULL");
   RemoteMachineSettings neither;
   ReadFile("", neither);
   EXPECT_STREQ(neither.ValueStorageNode, "");
+}
+
+TEST(RemoteMachineSettings, KeepTheTrailingBackslashOfAFolder) {
+  RemoteMachineSettings record;
+  ReadFile(
+      "<REMOTE_MACHINES>\nValueShareFolderName=S\\\nValueParallelWorkingFolder=D:\\W\\\n"
+      "</REMOTE_MACHINES>\n",
+      record);
+  EXPECT_STREQ(record.ValueShareFolderName, "S\\");
+  EXPECT_STREQ(record.ValueParallelWorkingFolder, "D:\\W\\");
 }
 
 TEST(RemoteMachineSettings, KeepWhatTheFileDoesNotName) {
@@ -113,8 +126,13 @@ TEST(MachineBlock, TakesOnlyTheSpacesInFrontOfTheHostNameAway) {
             "[0]node A \t: 4 \t\n");
 }
 
+TEST(MachineBlock, TakesEveryLineWhateverItHolds) {
+  EXPECT_EQ(MachinesOf("ValueNoMachine=4 \nValueMachineSetting\n\n=\\\\a\t4\n3=a.b\t\t4\n4=\n"),
+            "[0]NULL\t:NULL\t\n[1]\\\\a\t:4\t\n[2]a.b\t:\t\n[3]\t:NULL\t\n");
+}
+
 TEST(MachineBlock, OpensWithBlanksInItsKeyWhateverItsValue) {
-  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValue Machine Setting = x\n1=a\t1\n"), "[0]a\t:1\t\n");
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValue Machine Setting = 0\n1=a\t1\n"), "[0]a\t:1\t\n");
 }
 
 TEST(MachineBlock, ConsumesLinesThatLookLikeSettingsAndTags) {
@@ -151,8 +169,14 @@ TEST(WeightingBlock, CutsTheWeightingAtItsFirstSpace) {
 }
 
 TEST(WeightingBlock, KeepsATabOfTheWeighting) {
-  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineWeighting\n1=1.5\tx y\n"),
+  EXPECT_EQ(MachinesOf("ValueNoMachine=1\nValueMachineWeighting=0\n1=1.5\tx y\n"),
             "[0]\t:\t1.5\tx\n");
+}
+
+TEST(WeightingBlock, TakesEveryLineWhateverItHolds) {
+  EXPECT_EQ(MachinesOf("ValueNoMachine=4\nValueMachineWeighting\n1=0,5\n=\n</REMOTE_MACHINES>\n"
+                       "<REMOTE_MACHINES>\n"),
+            "[0]\t:\t0,5\n[1]\t:\t\n[2]\t:\tNULL\n[3]\t:\tNULL\n");
 }
 
 TEST(WeightingBlock, TakesTheWordNullForALineWithoutAWeighting) {

@@ -79,6 +79,10 @@ TEST(TaskManagerSettings, HoldTheWordNullForAKeyWithoutValue) {
   EXPECT_STREQ(ReadLines("ValueLocalNoTask\n").ValueLocalNoTask, "NULL");
 }
 
+TEST(TaskManagerSettings, TakeAnEmptyValueToo) {
+  EXPECT_STREQ(ReadLines("ValueNoTask=4\nValueNoTask=\n").ValueNoTask, "");
+}
+
 TEST(TaskManagerSettings, DoNotKnowAKeyWithATab) {
   EXPECT_STREQ(ReadLines("IDTaskMode\t=0\n").IDTaskMode, "");
 }

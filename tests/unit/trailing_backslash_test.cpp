@@ -18,6 +18,7 @@ TEST(RemoveTrailingBackslash, RemovesOneAtTheEndOnly) {
   EXPECT_EQ(Without("C:\\MPI\\\\"), "C:\\MPI\\");
   EXPECT_EQ(Without("C:\\MPI"), "C:\\MPI");
   EXPECT_EQ(Without("C:\\MPI/"), "C:\\MPI/");
+  EXPECT_EQ(Without("C:\\"), "C:");
   EXPECT_EQ(Without("\\"), "");
 }
 
