@@ -102,12 +102,9 @@ TEST(ReadCmxSection, TakesSpacesFromTheKeyAndFromTheStartOfTheValue) {
 }
 
 TEST(ReadCmxSection, KnowsNeitherQuotesNorCommentsNorOtherSeparators) {
-  EXPECT_EQ(ReadSettings("<S>\na=\"1\"\t\nb=2;#2\nc:3\nd=NULL\n\xA0"
-                         "e=\n</S>\nx"),
-            (Settings{"<S>|NULL", "a|\"1\"\t", "b|2;#2", "c:3|NULL", "d|NULL",
-                      "\xA0"
-                      "e|",
-                      "</S>|NULL"}));
+  EXPECT_EQ(
+      ReadSettings("<S>\na=\"1\"\t\nb=2;#2\nc:3\nd=NULL\n\240e=\n</S>\nx"),
+      (Settings{"<S>|NULL", "a|\"1\"\t", "b|2;#2", "c:3|NULL", "d|NULL", "\240e|", "</S>|NULL"}));
 }
 
 TEST(ReadCmxSection, KnowsATagOnlyAsTheWholeLine) {
