@@ -31,8 +31,11 @@ TEST(Transcript, OfSerialConformalCooling) {
   ExpectTranscript("cooling-serial", Traced(scenario));
 }
 
+/// The flow solver's name takes neither a folder nor a missing extension from the cooling solver's.
 TEST(Transcript, OfSharedMemoryConformalCooling) {
-  ExpectTranscript("cooling-shared-memory", CoolingRun(TaskManager("0", "2", "2")));
+  Scenario scenario = CoolingRun(TaskManager("0", "2", "2"));
+  scenario.arguments[2] = "Sub\\Qvx3DCool";
+  ExpectTranscript("cooling-shared-memory", scenario);
 }
 
 Scenario DistributedCoolingRun() {

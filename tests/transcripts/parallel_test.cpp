@@ -31,9 +31,12 @@ TEST(Transcript, OfASharedMemoryRunWithoutProcessManager) {
 }
 
 /// Nor can the MPI process launcher be ended, nor is there a log. A code is printed with a sign.
+/// The folders keep the second of their two backslashes, the name gets no extension.
 TEST(Transcript, OfNoProcessManagerAndNoLog) {
-  Scenario scenario = SmpRun();
-  scenario.children = {{.output = {"Unknown option: -d\r\n", "never read"}, .exitCode = 1}};
+  Scenario scenario = SmpRun("Qvx3DFlow");
+  scenario.arguments[1].insert(scenario.arguments[1].find('*'), "\\");
+  scenario.installPath = "C:\\MPI\\\\";
+  scenario.children = {{.output = {"Unknown option: -d", "never read"}, .exitCode = 1}};
   scenario.failures = {{{"TerminateProcess", 1}, ERROR_ACCESS_DENIED},
                        {{"CreateFileA", 1}, static_cast<DWORD>(E_ACCESSDENIED)}};
   ExpectTranscript("shared-memory-without-process-manager-and-log", scenario);
@@ -88,21 +91,23 @@ TEST(Transcript, OfATracedDistributedRun) {
 }
 
 /// Counts are handed on and logged as they stand; no machine is left out, not even one without a
-/// name. The choice of console redirection means nothing. The working folder has a letter less than
-/// what is found of it, so that a separator stays. The process manager is not looked for.
+/// name nor one named twice. The choice of console redirection means nothing. The working folder
+/// has a letter less than what is found of it, so that a separator stays. The process manager is
+/// not looked for.
 TEST(Transcript, OfADistributedRunWithOddSettings) {
   const std::string site(kSite);
   Scenario scenario = DmpRun();
   scenario.arguments[1] = site + "\\Home*" + site + "\\Laerm\\Part*Part*3*03";
-  scenario.files = {{site + "\\Laerm\\Part\\Analysis\\Run03\\Part03.cmx",
-                     TaskManager("1", "4", "4") +
-                         CmxLines({"<TASKMANAGER>", "ValueConsoleRedirection=1", "</TASKMANAGER>",
-                                   "<REMOTE_MACHINES>", "ValueNoMachine=04",
-                                   "ValueStorageNode=NODE1", "ValueShareFolderName=Projects",
-                                   "ValueParallelWorkingFolder=" + site + "\\L\xE4rm",
-                                   "ValueMachineSetting=", "1=NODE%s\t04", "2=NODE2\t0\trest",
-                                   "3=NODE3", "4=", "ValueMachineWeighting=", "1=+6e-1", "2=0.3",
-                                   "3=0.1", "4=", "</REMOTE_MACHINES>"})}};
+  scenario.files = {
+      {site + "\\Laerm\\Part\\Analysis\\Run03\\Part03.cmx",
+       TaskManager("1", "4", "4") +
+           CmxLines({"<TASKMANAGER>", "ValueConsoleRedirection=1", "</TASKMANAGER>",
+                     "<REMOTE_MACHINES>", "ValueNoMachine=06", "ValueStorageNode=NODE1",
+                     "ValueShareFolderName=Projects",
+                     "ValueParallelWorkingFolder=" + site + "\\L\xE4rm",
+                     "ValueMachineSetting=", "1=NODE%s\t04", "2=NODE2\t0\trest", "3=NODE3",
+                     "4=\r\n5=NODE2\t0\r\n6=NODE2\t0", "ValueMachineWeighting=", "1=+6e-1", "2=0.3",
+                     "3=0.1", "4=", "</REMOTE_MACHINES>"})}};
   scenario.children = {{.output = {"Unknown option: -d\r\n", "", "solved\r\n"}, .exitCode = 3}};
   ExpectTranscript("distributed-with-odd-settings", scenario);
 }
@@ -110,6 +115,7 @@ TEST(Transcript, OfADistributedRunWithOddSettings) {
 /// No result is looked at where the accounts' folder is converted. Names keep their letter case.
 TEST(Transcript, OfADistributedRunWhoseConversionsFail) {
   Scenario scenario = DmpRun("qvx3dflow.exe");
+  scenario.arguments[1].insert(scenario.arguments[1].find('*'), "\\");
   scenario.libraries.conversionResult = -1;
   ExpectTranscript("distributed-conversions-failed", Traced(scenario));
 }

@@ -47,6 +47,7 @@ struct Scenario {
   std::map<CallNumber, DWORD> shortWrites;          ///< how many bytes are taken
   /// A number that no command line gives, put into the launcher context at a call.
   std::map<CallNumber, std::uint32_t> solverClasses;
+  WORD hour = 9;              ///< of the first launch
   bool isAtConsole = false;   ///< standard output is one, no pipe
   std::string exhaustedFrom;  ///< no memory after this function's first call
 };

@@ -21,7 +21,8 @@ TEST(Transcript, OfASerialRun) {
                       {kRunFolder + "\\console_redirect_serial_Pack_2024-01-01_00-00-00.txt"},
                       {kRunFolder + "\\console_redirect_smp_Flow_2024-01-01_00-00-00.txt"},
                       {kRunFolder + "\\console_redirect_serial_Flow.txt",
-                       FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}};
+                       FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                           FILE_ATTRIBUTE_REPARSE_POINT}};
   ExpectTranscript("serial", scenario);
 }
 
@@ -33,7 +34,10 @@ TEST(Transcript, OfOutputInManyForms) {
   Scenario scenario = SerialRun();
   scenario.children = {
       {.output = {std::string("a\0b\0", 4), std::string(4096, 'x'), "%s\n" + std::string(4093, 'y'),
-                  "\xE4\x80\xFF", "", "Unknown option: -d", "last"},
+                  "\xE4\x80\xFF", "", "Unknown option: -d",
+                  "\xEF\xBB\xBF"
+                  "50%\r\x1B[1m\b\a\f\t\x1A\n\n",
+                  "last"},
        .exitCode = static_cast<DWORD>(-5)}};
   ExpectTranscript("serial-output-in-many-forms", scenario);
 }
@@ -42,18 +46,22 @@ TEST(Transcript, OfASolverThatEndsBeforeItsOutputIsRead) {
   Scenario scenario = SerialRun();
   scenario.children = {{.output = {"read", "never read"}, .exitCode = 0, .endsEarly = true}};
   ExpectTranscript("serial-last-output-unread", scenario);
-  scenario.children[0].exitCode = 3;
+  scenario.children[0].exitCode = STATUS_ACCESS_VIOLATION;
   ExpectTranscript("serial-last-output-of-a-failure-unread", scenario);
 }
 
+/// The home folder keeps the second of its two backslashes, the name gets no extension.
 TEST(Transcript, OfAnExitCodeThatLooksAlive) {
-  Scenario scenario = SerialRun();
+  Scenario scenario = SerialRun("Qvx3DFlow");
+  scenario.arguments[1].insert(scenario.arguments[1].find('*'), "\\");
   scenario.children = {{.output = {"solved\r\n"}, .exitCode = STILL_ACTIVE}};
   ExpectTranscript("serial-exit-code-259", scenario);
 }
 
 TEST(Transcript, OfWritesThatTakePieces) {
   Scenario scenario = SerialRun();
+  scenario.arguments[1].replace(0, scenario.arguments[1].find('*'), "\\");
+  scenario.children[0].exitCode = 0x10003;
   scenario.shortWrites = {{{"WriteFile", 1}, 10}, {{"WriteFile", 3}, 1}, {{"WriteFile", 5}, 0}};
   ExpectTranscript("serial-writes-in-pieces", scenario);
 }
@@ -65,7 +73,7 @@ TEST(Transcript, OfTheLongestPaths) {
   const std::string home = "C:\\%s %n" + std::string(259 - 27, 'h');     // less \Bin\QVXProject.ini
   const std::string project = "C:\\%s %n" + std::string(259 - 34, 'p');  // less \Analysis\Run03\...
   scenario.arguments[0] = "L$1*" + home + "*" + project + "*Part*9*3";
-  scenario.libraries.argumentString = " -set %s %n \"a b\" ";
+  scenario.libraries.argumentString = " -set\t%s %n \"a b\" \r\n";
   const std::string name = "\\console_redirect_serial_ShellFlow_" + std::string(200, 'o') + ".txt";
   scenario.oldLogs = {{project + "\\Analysis\\Run03" + name}};
   ExpectTranscript("longest-paths", Traced(scenario));

@@ -42,7 +42,8 @@ bool NextEntry(WIN32_FIND_DATAA& found, std::string& shown) {
     if (rare != 0) {
       shown += ", " + Flags(rare, {{FILE_ATTRIBUTE_READONLY, "FILE_ATTRIBUTE_READONLY"},
                                    {FILE_ATTRIBUTE_HIDDEN, "FILE_ATTRIBUTE_HIDDEN"},
-                                   {FILE_ATTRIBUTE_SYSTEM, "FILE_ATTRIBUTE_SYSTEM"}});
+                                   {FILE_ATTRIBUTE_SYSTEM, "FILE_ATTRIBUTE_SYSTEM"},
+                                   {FILE_ATTRIBUTE_REPARSE_POINT, "FILE_ATTRIBUTE_REPARSE_POINT"}});
     }
     return true;
   }

@@ -145,10 +145,11 @@ BOOL WINAPI SetEnvironmentVariableA(LPCSTR name, LPCSTR value) {
 void WINAPI GetLocalTime(LPSYSTEMTIME time) {
   const Observation observation("GetLocalTime");
   const bool first = Machine().CallsOf("GetLocalTime") == 1;
-  *time =
-      first ? SYSTEMTIME{2024, 3, 2, 5, 9, 7, 2, 45} : SYSTEMTIME{2024, 11, 4, 14, 21, 38, 56, 789};
-  Record(std::string("GetLocalTime() = year 2024, month ") +
-         (first ? "3, Tuesday, day 5, 9:7:2.045" : "11, Thursday, day 14, 21:38:56.789"));
+  *time = first ? SYSTEMTIME{2024, 3, 2, 5, Machine().scenario.hour, 7, 2, 45}
+                : SYSTEMTIME{2024, 11, 4, 14, 21, 38, 56, 789};
+  Record("GetLocalTime() = year 2024, month " +
+         (first ? "3, Tuesday, day 5, " + std::to_string(time->wHour) + ":7:2.045"
+                : "11, Thursday, day 14, 21:38:56.789"));
 }
 
 void WINAPI Sleep(DWORD milliseconds) {

@@ -70,6 +70,8 @@ TEST(Transcript, OfCallsThatFailUnseen) {
 /// The rest of them. The console has taken fewer characters than bytes, and gets none again.
 TEST(Transcript, OfOtherCallsThatFailUnseen) {
   Scenario scenario = SmpRun();
+  scenario.applicationData = L"C:\\";
+  scenario.libraries.mpiConfiguration = L" -a\t\r\n-b ";
   scenario.isAtConsole = true;
   scenario.shortWrites = {{{"WriteFile", 2}, 3}};
   scenario.children = {{.output = {"solved\r\n", "never read"}, .exitCode = 3}};
@@ -86,6 +88,7 @@ TEST(Transcript, OfOtherCallsThatFailUnseen) {
 
 TEST(Transcript, OfAConsoleThatIsNotThere) {
   Scenario scenario = SerialRun();
+  scenario.hour = 0;
   scenario.oldLogs = {{kRunFolder + "\\console_redirect_serial_Flow_1.txt"}};
   scenario.failures = {{{"GetStdHandle", 1}, ERROR_INVALID_HANDLE},
                        {{"FindClose", 1}, ERROR_INVALID_HANDLE}};

@@ -17,8 +17,10 @@ MachineEntry Machine(const char* hostName, const char* taskCount) {
 
 TEST(LocalProcesses, TakesTheTaskCountAsItStands) {
   TaskManagerSettings settings;
-  CopyText(settings.ValueNoTask, "", "04 ");
-  EXPECT_EQ(LocalProcesses(settings), "-localonly -n 04 ");
+  for (const char* count : {"04 ", "0", "-1", "NULL", ""}) {
+    CopyText(settings.ValueNoTask, "", count);
+    EXPECT_EQ(LocalProcesses(settings), std::string("-localonly -n ") + count);
+  }
 }
 
 TEST(HostsList, NamesEveryMachineWithItsTasksAndABlankBehindEachWord) {
@@ -33,6 +35,13 @@ TEST(HostsList, TakesAMachineWithoutAName) {
   CopyText(settings.ValueNoMachine, "", "1");
   settings.machines = {Machine("", "NULL")};
   EXPECT_EQ(HostsList(settings), "-hosts 1  NULL ");
+}
+
+TEST(HostsList, TakesNamesAndTaskCountsAsTheyStandAndNoMachineForAnother) {
+  RemoteMachineSettings settings;
+  CopyText(settings.ValueNoMachine, "", "3");
+  settings.machines = {Machine("\\\\node A", ""), Machine("B", "01"), Machine("B", "01")};
+  EXPECT_EQ(HostsList(settings), "-hosts 3 \\\\node A  B 01 B 01 ");
 }
 
 TEST(HostsList, TakesACountThatIsNoNumberAsItStands) {
@@ -53,6 +62,10 @@ TEST(MpiCommandLine, QuotesTheSolverOnly) {
 TEST(MpiCommandLine, KeepsTheBlankBehindAHostsListAndBehindAnEmptyConfiguration) {
   EXPECT_EQ(MpiCommandLine("impiexec.exe", "-hosts 1 nodeA 4 ", "", "\\\\srv\\q\\Bin\\s.exe", ""),
             "impiexec.exe -env 0 0 -hosts 1 nodeA 4   \"\\\\srv\\q\\Bin\\s.exe\" ");
+}
+
+TEST(MpiCommandLine, KeepsTheBlanksOfTheConfigurationAndOfTheArguments) {
+  EXPECT_EQ(MpiCommandLine("i", "-n 4", " -a ", "s", " -b "), "i -env 0 0 -n 4  -a  \"s\"  -b ");
 }
 
 }  // namespace

@@ -256,6 +256,23 @@ TEST_F(ParallelSettings, AnEmptyWorkingFolderStillTakesTheSeparatorsPlace) {
   EXPECT_EQ(SharedProject("D:\\P1", ""), "\\\\srv\\sh\\:\\p1");
 }
 
+TEST_F(ParallelSettings, TheRestOfAProjectKeepsItsSeparators) {
+  EXPECT_EQ(SharedProject("D:\\Work\\\\P1\\", "D:\\Work"), "\\\\srv\\sh\\\\p1\\");
+  EXPECT_EQ(SharedProject("D:/Work/P1", "D:\\Work"), "\\\\srv\\sh\\d:/work/p1");
+}
+
+TEST_F(ParallelSettings, TheShareIsNamedAsItStands) {
+  for (const std::string name : {"", "\\\\s\\"}) {
+    SetFolders(context.flowArgument, "D:\\Work\\P1", "D:\\Work");
+    CopyText(context.remoteMachineSettings.ValueStorageNode, "", name);
+    CopyText(context.remoteMachineSettings.ValueShareFolderName, "", name);
+    CopyText(context.parallelFolderName, "", name);
+    Prepare(SolverClass::Flow, ComputeMode::Dmp);
+    EXPECT_EQ(context.flowArgument.homeFolder, "\\\\" + name + "\\" + name);
+    EXPECT_EQ(context.flowArgument.projectDirectory, "\\\\" + name + "\\" + name + "\\p1");
+  }
+}
+
 TEST_F(ParallelSettings, AProjectDirectoryIsCutAtItsFieldsWidth) {
   EXPECT_EQ(SharedProject(std::string(1023, 'p'), "D:\\Work"),
             "\\\\srv\\sh\\" + std::string(1023 - 9, 'p'));

@@ -38,6 +38,12 @@ TEST_F(MpiInstallationPath, IsTheRegistryValueLessOneTrailingBackslash) {
   EXPECT_EQ(Read(), "C:\\MPI\\bin");
   value.Set("C:\\MPI\\bin\\\\");
   EXPECT_EQ(Read(), "C:\\MPI\\bin\\");
+  value.Set("C:\\");
+  EXPECT_EQ(Read(), "C:");
+  value.Set(" \"C:/MPI\" ");
+  EXPECT_EQ(Read(), " \"C:/MPI\" ");
+  value.Set("\"C:\\MPI\"");
+  EXPECT_EQ(Read(), "\"C:\\MPI\"");
   value.Set("");
   EXPECT_EQ(Read(), "");
 }
@@ -115,6 +121,7 @@ TEST_F(ParallelFolderName, IsTheProjectIniFilesValueUpTo259Characters) {
   EXPECT_EQ(ReadFrom("[Other]\r\nQVX_PARALLEL_FOLDER_NAME=Wrong\r\n"
                      "[Configuration]\r\nOther=1\r\nQVX_PARALLEL_FOLDER_NAME=Quorvex Share\r\n"),
             "Quorvex Share");
+  EXPECT_EQ(ReadFrom("[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=\\A/B\\"), "\\A/B\\");
   EXPECT_EQ(ReadFrom("[Configuration]\r\nOther=1\r\n"), "");
   EXPECT_EQ(ReadFrom("[Configuration]\r\nQVX_PARALLEL_FOLDER_NAME=" + std::string(300, 'q')),
             std::string(259, 'q'));
