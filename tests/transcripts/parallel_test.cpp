@@ -100,14 +100,27 @@ TEST(Transcript, OfADistributedRunWithOddSettings) {
   scenario.arguments[1] = site + "\\Home*" + site + "\\Laerm\\Part*Part*3*03";
   scenario.files = {
       {site + "\\Laerm\\Part\\Analysis\\Run03\\Part03.cmx",
-       TaskManager("1", "4", "4") +
-           CmxLines({"<TASKMANAGER>", "ValueConsoleRedirection=1", "</TASKMANAGER>",
-                     "<REMOTE_MACHINES>", "ValueNoMachine=06", "ValueStorageNode=NODE1",
-                     "ValueShareFolderName=Projects",
-                     "ValueParallelWorkingFolder=" + site + "\\L\xE4rm",
-                     "ValueMachineSetting=", "1=NODE%s\t04", "2=NODE2\t0\trest", "3=NODE3",
-                     "4=\r\n5=NODE2\t0\r\n6=NODE2\t0", "ValueMachineWeighting=", "1=+6e-1", "2=0.3",
-                     "3=0.1", "4=", "</REMOTE_MACHINES>"})}};
+       TaskManager("1", "4", "4") + CmxLines({"<TASKMANAGER>",
+                                              "ValueConsoleRedirection=1",
+                                              "</TASKMANAGER>",
+                                              "<REMOTE_MACHINES>",
+                                              "ValueNoMachine=06",
+                                              "ValueStorageNode=NODE1",
+                                              "ValueShareFolderName=Projects",
+                                              "ValueParallelWorkingFolder=" + site + "\\L\xE4rm",
+                                              "ValueMachineSetting=",
+                                              "1=NODE%s\t04",
+                                              "2=NODE2\t0\trest",
+                                              "3=NODE3",
+                                              "4=",
+                                              "5=NODE2\t0",
+                                              "6=NODE2\t0",
+                                              "ValueMachineWeighting=",
+                                              "1=+6e-1",
+                                              "2=0.3",
+                                              "3=0.1",
+                                              "4=",
+                                              "</REMOTE_MACHINES>"})}};
   scenario.children = {{.output = {"Unknown option: -d\r\n", "", "solved\r\n"}, .exitCode = 3}};
   ExpectTranscript("distributed-with-odd-settings", scenario);
 }

@@ -35,9 +35,7 @@ TEST(Transcript, OfOutputInManyForms) {
   scenario.children = {
       {.output = {std::string("a\0b\0", 4), std::string(4096, 'x'), "%s\n" + std::string(4093, 'y'),
                   "\xE4\x80\xFF", "", "Unknown option: -d",
-                  "\xEF\xBB\xBF"
-                  "50%\r\x1B[1m\b\a\f\t\x1A\n\n",
-                  "last"},
+                  "\357\273\27750%\r\x1B[1m\b\a\f\t\x1A\n\n", "last"},
        .exitCode = static_cast<DWORD>(-5)}};
   ExpectTranscript("serial-output-in-many-forms", scenario);
 }
