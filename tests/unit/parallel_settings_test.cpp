@@ -258,7 +258,7 @@ TEST_F(ParallelSettings, AnEmptyWorkingFolderStillTakesTheSeparatorsPlace) {
 
 TEST_F(ParallelSettings, TheRestOfAProjectKeepsItsSeparators) {
   EXPECT_EQ(SharedProject("D:\\Work\\\\P1\\", "D:\\Work"), "\\\\srv\\sh\\\\p1\\");
-  EXPECT_EQ(SharedProject("D:/Work/P1", "D:\\Work"), "\\\\srv\\sh\\d:/work/p1");
+  EXPECT_EQ(SharedProject("D:/Data/P1", "D:\\Data"), "\\\\srv\\sh\\d:/data/p1");
 }
 
 TEST_F(ParallelSettings, TheShareIsNamedAsItStands) {
